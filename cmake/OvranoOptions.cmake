@@ -1,0 +1,24 @@
+# What every target of the project is compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+option(OVRANO_SANITIZE "Compile with the address and undefined-behaviour sanitizers" OFF)
+
+add_library(ovrano_options INTERFACE)
+target_compile_options(ovrano_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror -fno-math-errno)
+target_compile_definitions(ovrano_options INTERFACE
+  QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+if(OVRANO_SANITIZE)
+  # -Wnull-dereference misfires on the checks that the sanitizers insert.
+  target_compile_options(ovrano_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Wno-null-dereference)
+  target_link_options(ovrano_options INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/colour.h"
+
+#include <QLabel>
+
+namespace ovrano {
+
+/// A label whose background shows a colour, whatever the desktop's theme.
+class ColourBox : public QLabel {
+    Q_OBJECT
+    Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor NOTIFY BackColorChanged)
+
+public:
+    explicit ColourBox(const QString& name, Colour colour, QWidget* parent = nullptr);
+
+    Colour BackColor() const { return m_colour; }
+    void setBackColor(Colour colour);
+
+Q_SIGNALS:
+    void BackColorChanged(int colour);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Colour m_colour;
+};
+
+} // namespace ovrano

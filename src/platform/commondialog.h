@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/colour.h"
+#include "platform/dialogs.h"
+
+#include <QString>
+
+namespace ovrano {
+
+/// The file and colour dialogs as the handlers use them: properties are set, a Show… function is called,
+/// properties hold the answer. With CancelError a cancelled dialog throws RuntimeError 32755; without it
+/// the properties stay as they were.
+class CommonDialog {
+public:
+    explicit CommonDialog(Dialogs& dialogs)
+        : m_dialogs(dialogs) {}
+
+    QString DialogTitle;
+    /// "Description|*.a;*.b|Description|*.c|", a trailing bar allowed.
+    QString Filter;
+    int FilterIndex = 1; // from 1
+    int Flags = 0;
+    QString FileName;  // full path
+    QString FileTitle; // its last part
+    ovrano::Colour Color = Black;
+    bool CancelError = false;
+    /// The file that a typed path and FilterIndex will be written to, see FileRequest::target.
+    std::function<QString(const QString& path, int filterIndex)> Target;
+
+    void ShowOpen();
+    void ShowSave();
+    void ShowColor();
+
+private:
+    FileRequest request() const;
+    void accept(const std::optional<FileChoice>& choice);
+
+    Dialogs& m_dialogs;
+};
+
+} // namespace ovrano

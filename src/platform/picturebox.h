@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/screen.h"
+#include "platform/surface.h"
+
+#include <QWidget>
+
+namespace ovrano {
+
+/// Shows a surface: one picture pixel is one logical pixel, the widget is as large as the surface. Only
+/// what is visible and changed is painted. Mouse positions are whole picture pixels and may lie outside
+/// while a button is held.
+class PictureBox : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The widget takes the surface's name.
+    explicit PictureBox(Surface& surface, QWidget* parent = nullptr);
+
+    Surface& surface() const { return m_surface; }
+
+    MousePointer pointer() const { return m_pointer; }
+    void setPointer(MousePointer pointer);
+
+Q_SIGNALS:
+    void mouseDown(Qt::MouseButton button, QPoint at);
+    void mouseMove(QPoint at);
+    void mouseUp(Qt::MouseButton button, QPoint at);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    Surface& m_surface;
+    MousePointer m_pointer = MousePointer::Default;
+};
+
+} // namespace ovrano

@@ -1,0 +1,215 @@
+#include "support/x11input.h"
+
+#include "support/guithread.h"
+#include "support/inputerror.h"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+#include <QWindow>
+
+#include <array>
+#include <cstdlib>
+#include <ranges>
+#include <xcb/xtest.h>
+
+namespace ovrano::testing {
+
+namespace {
+
+std::uint8_t buttonNumber(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::LeftButton:
+        return 1;
+    case Qt::MiddleButton:
+        return 2;
+    case Qt::RightButton:
+        return 3;
+    default:
+        throw InputError(QStringLiteral("the simulated mouse has three buttons"));
+    }
+}
+
+xcb_connection_t* connect() {
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(connection) != 0) {
+        xcb_disconnect(connection);
+        throw InputError(QStringLiteral("no X server answers at $DISPLAY"));
+    }
+    return connection;
+}
+
+/// Lets the program finish what an arrived event started, or come to wait in a dialog that it opened.
+void settle() {
+    if (isGuiThread())
+        QCoreApplication::processEvents();
+    else
+        inGui([] {});
+}
+
+} // namespace
+
+X11Input::X11Input()
+    : m_connection(connect())
+    , m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root)
+    , m_keyboard(m_connection.get()) {
+    const xcb_query_extension_reply_t* extension = xcb_get_extension_data(m_connection.get(), &xcb_test_id);
+    if (!extension || !extension->present)
+        throw InputError(QStringLiteral("the X server lacks the extension XTEST"));
+}
+
+X11Input::~X11Input() {
+    for (const std::uint8_t button : m_down)
+        send(Input::ButtonRelease, button);
+    synchronise();
+}
+
+void X11Input::send(Input type, std::uint8_t detail, QPoint position) {
+    xcb_test_fake_input(m_connection.get(), static_cast<std::uint8_t>(type), detail, XCB_CURRENT_TIME, m_root,
+                        static_cast<std::int16_t>(position.x()), static_cast<std::int16_t>(position.y()), 0);
+}
+
+QPoint X11Input::pointer() {
+    const auto request = xcb_query_pointer(m_connection.get(), m_root);
+    const std::unique_ptr<xcb_query_pointer_reply_t, decltype(&std::free)> reply(
+        xcb_query_pointer_reply(m_connection.get(), request, nullptr), &std::free);
+    if (!reply)
+        throw InputError(QStringLiteral("the X server is gone"));
+    return {reply->root_x, reply->root_y};
+}
+
+/// Returns when the server has done everything that was sent: it answers in order.
+void X11Input::synchronise() {
+    std::free(
+        xcb_get_input_focus_reply(m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+}
+
+void X11Input::await(const std::function<bool()>& arrived, const QString& what) {
+    if (!waitUntil(arrived, m_patience))
+        throw InputError(what + QStringLiteral(" reached no window of the program"));
+    settle();
+}
+
+void X11Input::deliver(const std::vector<Event>& events, const QString& what) {
+    constexpr std::array types = {Input::KeyPress, Input::KeyRelease, Input::ButtonPress,
+                                  Input::ButtonRelease};
+    std::array<int, types.size()> expected{};
+    for (std::size_t i = 0; i < types.size(); ++i)
+        expected[i] = m_watch.count(types[i]) +
+                      static_cast<int>(std::count_if(events.begin(), events.end(), [&](const Event& event) {
+                          return event.type == types[i];
+                      }));
+    for (const Event& event : events)
+        send(event.type, event.detail);
+    synchronise();
+    await(
+        [&] {
+            for (std::size_t i = 0; i < types.size(); ++i)
+                if (m_watch.count(types[i]) < expected[i])
+                    return false;
+            return true;
+        },
+        what);
+}
+
+void X11Input::moveTo(QPoint global) {
+    if (pointer() == global)
+        return;
+    send(Input::Motion, 0, global);
+    synchronise();
+    const bool seen =
+        !m_down.empty() || inGui([&] { return QGuiApplication::topLevelAt(global) != nullptr; });
+    if (seen)
+        await([&] { return m_watch.lastPosition() == global; },
+              QStringLiteral("a move of the mouse to %1, %2").arg(global.x()).arg(global.y()));
+}
+
+void X11Input::press(Qt::MouseButton button) {
+    m_down.insert(buttonNumber(button));
+    m_sincePress.start();
+    deliver({{Input::ButtonPress, buttonNumber(button)}}, QStringLiteral("a press of a mouse button"));
+}
+
+void X11Input::release(Qt::MouseButton button) {
+    m_down.erase(buttonNumber(button));
+    deliver({{Input::ButtonRelease, buttonNumber(button)}}, QStringLiteral("a release of a mouse button"));
+}
+
+/// A second click that soon and that near would count as a double click.
+void X11Input::outwaitDoubleClick(QPoint global) {
+    constexpr int Far = 40; // pixels, more than any style takes for the same place
+    const auto interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    if (m_sincePress.isValid() && (global - m_pressedAt).manhattanLength() < Far)
+        waitUntil([&] { return m_sincePress.hasExpired(interval); }, 2 * interval);
+    m_pressedAt = global;
+}
+
+void X11Input::click(QPoint global, Qt::MouseButton button) {
+    moveTo(global);
+    outwaitDoubleClick(global);
+    press(button);
+    release(button);
+}
+
+void X11Input::doubleClick(QPoint global) {
+    click(global);
+    press();
+    release();
+}
+
+void X11Input::drag(QPoint from, QPoint to, int steps) {
+    moveTo(from);
+    press();
+    for (int step = 1; step <= steps; ++step)
+        moveTo(from + (to - from) * step / steps);
+    release();
+}
+
+void X11Input::wheel(QPoint global, int notches) {
+    const std::uint8_t button = notches > 0 ? 4 : 5;
+    moveTo(global);
+    for (int i = 0; i < std::abs(notches); ++i)
+        deliver({{Input::ButtonPress, button}, {Input::ButtonRelease, button}},
+                QStringLiteral("a turn of the mouse wheel"));
+}
+
+void X11Input::clickFrame(QPoint global) {
+    moveTo(global);
+    send(Input::ButtonPress, 1);
+    send(Input::ButtonRelease, 1);
+    synchronise();
+}
+
+void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifiers, const QString& what) {
+    if (stroke.shift)
+        modifiers |= Qt::ShiftModifier;
+    std::vector<xcb_keycode_t> codes;
+    const std::array<std::pair<Qt::KeyboardModifier, Qt::Key>, 3> held = {
+        {{Qt::ControlModifier, Qt::Key_Control},
+         {Qt::AltModifier, Qt::Key_Alt},
+         {Qt::ShiftModifier, Qt::Key_Shift}}};
+    for (const auto& [modifier, key] : held)
+        if (modifiers.testFlag(modifier))
+            codes.push_back(m_keyboard.forKey(key).code);
+    codes.push_back(stroke.code);
+    std::vector<Event> events;
+    for (const xcb_keycode_t code : codes)
+        events.push_back({Input::KeyPress, code});
+    for (const xcb_keycode_t code : std::ranges::reverse_view(codes))
+        events.push_back({Input::KeyRelease, code});
+    const auto focused = [] { return QGuiApplication::focusWindow() != nullptr; };
+    await(focused, what + QStringLiteral(" had nowhere to go: it"));
+    deliver(events, what);
+}
+
+void X11Input::type(const QString& text) {
+    for (const char32_t character : text.toStdU32String())
+        stroke(m_keyboard.forCharacter(character), Qt::NoModifier,
+               QStringLiteral("the key for \"%1\"").arg(QString::fromUcs4(&character, 1)));
+}
+
+void X11Input::strike(QKeyCombination keys) {
+    stroke(m_keyboard.forKey(keys.key()), keys.keyboardModifiers(),
+           QStringLiteral("the key 0x%1").arg(keys.toCombined(), 0, 16));
+}
+
+} // namespace ovrano::testing
