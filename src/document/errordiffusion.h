@@ -1,0 +1,59 @@
+#pragma once
+
+#include "document/palette.h"
+#include "document/palettetable.h"
+
+#include <QRgb>
+
+#include <cstdint>
+#include <vector>
+
+namespace ovrano {
+
+/// Maps rows of pixels, from the top, to a palette and passes the error of each pixel on to its neighbours to
+/// the right and below, so that an area has the right colour on the average.
+///
+/// The weights are those of R. Floyd and L. Steinberg, "An adaptive algorithm for spatial grey scale",
+/// Proceedings of the Society for Information Display 17(2), 1976. Two things differ, for pictures that have
+/// letters on them:
+///
+/// - Three quarters of the error are passed on. With all of it, what the palette cannot reach (the brightest
+///   red of a cheek) sums up until single dark dots come out; half of it leaves bands in a sky.
+/// - A pixel whose very colour is in the palette takes it and passes nothing on, so that paper and plain
+///   letters stay clean beside a photograph.
+///
+/// All rows go from left to right: at this strength, turning at the end of each changes nothing to be seen or
+/// measured.
+class ErrorDiffusion {
+public:
+    /// The palette must outlive the object.
+    ErrorDiffusion(const Palette& palette, int width);
+
+    /// Maps the next row.
+    void map(const QRgb* row, std::uint8_t* indices);
+
+private:
+    /// The channels of a colour, of an error, or of a sum of errors weighted in 64ths.
+    struct Channels {
+        int red = 0;
+        int green = 0;
+        int blue = 0;
+    };
+
+    /// The errors of the two pixels before the one that is mapped.
+    struct Trail {
+        Channels last;
+        Channels beforeLast;
+    };
+
+    std::uint8_t mapPixel(QRgb pixel, const Channels& above, Channels& lowerLeft, Trail& trail);
+    static void passOn(const Channels& error, Channels& lowerLeft, Trail& trail);
+
+    const Palette& m_palette;
+    PaletteTable m_table;
+    // What pixels get from the row above, from the pixel left of the first on. While a row is mapped, what
+    // it passes on takes the place of what it has used up.
+    std::vector<Channels> m_fromAbove;
+};
+
+} // namespace ovrano

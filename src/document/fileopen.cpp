@@ -1,0 +1,76 @@
+#include "document/fileopen.h"
+
+#include "document/picturereader.h"
+#include "platform/errorreporter.h"
+
+namespace ovrano {
+
+namespace {
+
+constexpr int FileMustExist = 4096;
+
+} // namespace
+
+FileOpen::FileOpen(WorkPicture& work, PictureView& view, FileSave& save, Dialogs& dialogs, QObject* parent)
+    : QObject(parent)
+    , m_work(work)
+    , m_view(view)
+    , m_save(save)
+    , m_dialogs(dialogs)
+    , CommonDialog1(dialogs) {}
+
+void FileOpen::mnuFileOpen_Click() {
+    trapErrors(m_dialogs, QStringLiteral("mnuFileOpen_Click"), [this] {
+        if (!m_save.confirmDiscard(QStringLiteral("Enregistrer l'image?")))
+            return;
+        showOpenDialog();
+        if (!CommonDialog1.FileName.isEmpty())
+            open(CommonDialog1.FileName);
+        m_view.picDisp->setFocus();
+    });
+}
+
+void FileOpen::showOpenDialog() {
+    CommonDialog1.DialogTitle = QStringLiteral("Ouvrir une image de fond");
+    CommonDialog1.Filter = QStringLiteral("Fichiers Images(BMP-GIF-JPEG|*.bmp;*.gif;*.jpg;*.jpeg|"
+                                          "Tous les fichiers(*.*)|*.*|");
+    CommonDialog1.FilterIndex = 1;
+    CommonDialog1.Flags = FileMustExist;
+    CommonDialog1.FileName.clear();
+    CommonDialog1.CancelError = true;
+    CommonDialog1.ShowOpen();
+}
+
+void FileOpen::open(const QString& path) {
+    m_work.CurrentFileName = path;
+    load(path);
+    resetCompanions();
+    m_work.showFileName(path);
+    m_view.scrollHome();
+    m_work.readImageSize();
+    m_view.setScrollMax();
+    m_work.showImageSize();
+    Q_EMIT pickerReleased();
+    m_work.ImageLoaded = true;
+    m_work.ImageModified = false;
+}
+
+void FileOpen::load(const QString& path) {
+    Surface& picDisp = m_work.picDisp;
+    picDisp.setPicture(Raster());
+    picDisp.setAutoSize(true);
+    // A file that cannot be read leaves it like this: emptied and sizing itself.
+    picDisp.setPicture(loadPicture(path));
+    picDisp.setAutoSize(false);
+}
+
+void FileOpen::resetCompanions() {
+    for (Surface* companion : {&m_work.picSnap, &m_work.picUndo}) {
+        companion->setPicture(Raster());
+        takeSize(*companion, m_work.picDisp);
+    }
+    m_work.picRegion.setPicture(Raster());
+    m_work.picMask.setPicture(Raster());
+}
+
+} // namespace ovrano

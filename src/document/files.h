@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+#include <filesystem>
+
+namespace ovrano {
+
+/// What is done with files as wholes. Failures are RuntimeErrors with the number that tells a user why.
+
+/// A path in the form that the standard library's file functions take.
+std::filesystem::path nativePath(const QString& path);
+
+/// Opens an existing file. Throws RuntimeError 53 (no such file), 76 (no such folder), 75 (a folder or a
+/// device) or 70 (not allowed).
+void openForReading(QFile& file);
+
+/// Checks that a file of this name can be written, over an existing one or as a new one. Throws
+/// RuntimeError 76 (no such folder), 75 (there is a folder or a device of that name) or 70 (the file that is
+/// there is write-protected).
+void requireWritable(const QString& path);
+
+/// Gives a file another name in the same folder, in one step: what had that name before is gone only when the
+/// new file is in its place.
+void renameOver(const QString& from, const QString& to);
+
+void deleteFile(const QString& path);
+
+} // namespace ovrano

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "document/colourhistogram.h"
+#include "document/colourtable.h"
+
+#include <QRgb>
+
+#include <vector>
+
+namespace ovrano {
+
+/// The colours that the indices of an indexed picture stand for, 1 to MaxColours of them, as 0xFFRRGGBB.
+using Palette = std::vector<QRgb>;
+
+inline constexpr int MaxColours = 256;
+
+/// The palette that has just the colours of the table, in ascending order of their pixel values, and in the
+/// table each colour's place in the palette in place of what it had. At most MaxColours may be in the table.
+Palette exactPalette(ColourTable& colours);
+
+std::vector<ColourPoint> toPoints(const Palette& palette);
+
+/// The nearest colours with whole channels.
+Palette toPalette(const std::vector<ColourPoint>& points);
+
+} // namespace ovrano

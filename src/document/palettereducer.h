@@ -1,0 +1,17 @@
+#pragma once
+
+#include "document/indexedpicture.h"
+#include "document/pixelrows.h"
+
+namespace ovrano {
+
+enum class Diffusion { Off, On };
+
+/// The picture with at most 256 colours. A picture that has no more stays as it is, pixel for pixel. Of
+/// others the colours are reduced, and with diffusion the error of a pixel is passed on to its neighbours,
+/// where it is great enough to be seen. The same picture always gives the same result.
+///
+/// The rows are read two or three times; memory goes to the indices and some megabytes of tables.
+IndexedPicture reduceTo256(PixelRows& rows, Diffusion diffusion = Diffusion::On);
+
+} // namespace ovrano

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "document/nearestcolour.h"
+#include "document/palette.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace ovrano {
+
+/// The index of the palette colour nearest to a colour at the cost of two looks into tables, without a
+/// comparison and exactly.
+///
+/// The upper six bits of the channels name a cube of 4 × 4 × 4 colours, the lower two a place in it. A cube
+/// that is asked about for the first time gets a block of 64 indices; where one palette colour is the nearest
+/// to all its colours, which is usual, it shares the block of that palette colour.
+class PaletteTable {
+public:
+    explicit PaletteTable(const Palette& palette);
+
+    /// Channels from 0 to 255.
+    std::uint8_t operator()(int red, int green, int blue) {
+        const std::size_t cube =
+            static_cast<std::size_t>((red & 0xFC) << 10 | (green & 0xFC) << 4 | blue >> 2);
+        if (m_blocks[cube] == Unknown)
+            m_blocks[cube] = blockOf(red & 0xFC, green & 0xFC, blue & 0xFC);
+        return m_indices[m_blocks[cube] +
+                         static_cast<std::size_t>((red & 3) << 4 | (green & 3) << 2 | (blue & 3))];
+    }
+
+private:
+    static constexpr std::uint32_t Unknown = 0xFFFFFFFF;
+
+    std::uint32_t blockOf(int red, int green, int blue);
+
+    NearestColour m_nearest;
+    std::vector<std::uint32_t> m_blocks; // where a cube's block begins
+    std::vector<std::uint8_t> m_indices; // the blocks, first one for each palette colour
+};
+
+} // namespace ovrano

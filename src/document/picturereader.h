@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/raster.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace ovrano {
+
+/// Reads a picture file: BMP, GIF, JPEG or PNG, told by its content whatever its name says.
+///
+/// A photo comes upright as its orientation tag says, transparent pixels lie over white, of an animation the
+/// first frame is taken. A file that ends before its picture does is refused: half a picture would be taken
+/// for a whole one and saved over it.
+///
+/// Throws RuntimeError 53 (no such file), 76 (no such folder), 75 (a folder or a device), 70 (not allowed),
+/// 481 (not a picture, empty, damaged or cut off) or 7 (larger than MaxPicturePixels).
+Raster loadPicture(const QString& path);
+
+/// The same for the content of such a file. Throws RuntimeError 481 or 7.
+Raster decodePicture(const QByteArray& content);
+
+/// The largest picture that is opened, 1 GB in memory: more than the scans that are in use, and just what the
+/// BMP decoder takes, so that a picture that was opened as JPEG can be saved as BMP and opened again.
+inline constexpr qint64 MaxPicturePixels = 16'384 * 16'384;
+
+} // namespace ovrano

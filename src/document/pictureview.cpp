@@ -1,0 +1,136 @@
+#include "document/pictureview.h"
+
+#include "platform/numbers.h"
+
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace ovrano {
+
+namespace {
+
+/// Picture pixels per notch of a mouse wheel.
+constexpr int WheelNotchPixels = 48;
+constexpr int WheelNotchAngle = 120; // eighths of a degree
+
+QScrollBar* newBar(const char* name, Qt::Orientation orientation, const QString& accessibleName,
+                   QWidget* parent) {
+    auto* bar = new QScrollBar(orientation, parent);
+    bar->setObjectName(QLatin1String(name));
+    bar->setAccessibleName(accessibleName);
+    bar->setRange(0, 0);
+    bar->setSingleStep(1);
+    bar->setPageStep(1);
+    return bar;
+}
+
+QFrame* newViewport(QWidget* parent) {
+    auto* frame = new QFrame(parent);
+    frame->setObjectName(QStringLiteral("picZ"));
+    frame->setAutoFillBackground(true);
+    frame->setBackgroundRole(QPalette::Mid);
+    return frame;
+}
+
+void applyRange(QScrollBar& bar, double picture, double viewport) {
+    const ScrollRange before{toInteger16(bar.maximum()), bar.singleStep(), bar.pageStep()};
+    const ScrollRange range = scrollRange(picture, viewport, before);
+    bar.setSingleStep(range.SmallChange);
+    bar.setPageStep(range.LargeChange);
+    bar.setMaximum(range.Max);
+}
+
+/// The value that brings a coordinate into a viewport that starts at `value`, moving as little as possible.
+int valueShowing(int coordinate, int value, int viewport) {
+    return std::clamp(value, coordinate - viewport, coordinate);
+}
+
+QPoint wheelPixels(const QWheelEvent& event) {
+    if (!event.pixelDelta().isNull())
+        return event.pixelDelta();
+    return event.angleDelta() * WheelNotchPixels / WheelNotchAngle;
+}
+
+} // namespace
+
+ScrollRange scrollRange(double picture, double viewport, const ScrollRange& before) {
+    ScrollRange range = before;
+    range.Max = toInteger16(picture - viewport);
+    if (range.Max < 1) {
+        range.Max = 0;
+        return range;
+    }
+    const float ratio = static_cast<float>(viewport) / static_cast<float>(range.Max);
+    range.SmallChange = ratio < 1 ? 1 : toInteger16(static_cast<double>(ratio));
+    range.LargeChange = range.SmallChange;
+    constexpr int PagedOverflow = 40;
+    if (range.Max >= PagedOverflow)
+        range.LargeChange = std::max<int>(toInteger16(range.Max / 20.0), range.SmallChange);
+    return range;
+}
+
+PictureView::PictureView(WorkPicture& work, QWidget* parent)
+    : QObject(parent)
+    , picZ(newViewport(parent))
+    , picDisp(new PictureBox(work.picDisp, picZ))
+    , picSnap(new PictureBox(work.picSnap, picZ))
+    , HScroll1(newBar("HScroll1", Qt::Horizontal, QStringLiteral("Défilement horizontal"), parent))
+    , VScroll1(newBar("VScroll1", Qt::Vertical, QStringLiteral("Défilement vertical"), parent))
+    , m_work(work) {
+    picSnap->hide();
+    picZ->installEventFilter(this);
+    connect(HScroll1, &QScrollBar::valueChanged, this, &PictureView::HScroll1_Change);
+    connect(HScroll1, &QScrollBar::sliderMoved, this, &PictureView::HScroll1_Scroll);
+    connect(VScroll1, &QScrollBar::valueChanged, this, &PictureView::VScroll1_Change);
+    connect(VScroll1, &QScrollBar::sliderMoved, this, &PictureView::VScroll1_Scroll);
+}
+
+void PictureView::setScrollMax() {
+    const QSize visible = viewportSize();
+    applyRange(*HScroll1, m_work.picDisp.ScaleWidth(), visible.width());
+    applyRange(*VScroll1, m_work.picDisp.ScaleHeight(), visible.height());
+}
+
+void PictureView::scrollHome() {
+    HScroll1->setValue(0);
+    VScroll1->setValue(0);
+}
+
+bool PictureView::scrollTowards(QPoint point) {
+    const QPoint before(HScroll1->value(), VScroll1->value());
+    HScroll1->setValue(valueShowing(point.x(), before.x(), viewportSize().width()));
+    VScroll1->setValue(valueShowing(point.y(), before.y(), viewportSize().height()));
+    return QPoint(HScroll1->value(), VScroll1->value()) != before;
+}
+
+void PictureView::HScroll1_Change() {
+    picDisp->move(-HScroll1->value(), picDisp->y());
+}
+
+void PictureView::HScroll1_Scroll() {
+    HScroll1_Change();
+}
+
+void PictureView::VScroll1_Change() {
+    picDisp->move(picDisp->x(), -VScroll1->value());
+}
+
+void PictureView::VScroll1_Scroll() {
+    VScroll1_Change();
+}
+
+bool PictureView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != picZ || event->type() != QEvent::Wheel)
+        return QObject::eventFilter(watched, event);
+    const auto& wheel = *static_cast<QWheelEvent*>(event);
+    QPoint by = wheelPixels(wheel);
+    if (wheel.modifiers().testFlag(Qt::ShiftModifier) && by.x() == 0)
+        by = by.transposed();
+    HScroll1->setValue(HScroll1->value() - by.x());
+    VScroll1->setValue(VScroll1->value() - by.y());
+    event->accept();
+    return true;
+}
+
+} // namespace ovrano

@@ -1,0 +1,146 @@
+#include "document/paletterefinement.h"
+#include "document/palettetools.h"
+#include "document/variancecut.h"
+
+#include <QTest>
+
+#include <algorithm>
+
+using namespace ovrano;
+
+class VarianceCutTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fewColoursAreAllThere();
+    void cutsWhereItGainsMost();
+    void meansCountPixels();
+    void refiningBringsThePaletteNearer();
+    void refinedColoursAreTheMeansOfWhatTheyServe();
+    void unusedColourStays();
+    void flatColourIsKept_data();
+    void flatColourIsKept();
+    void coarseBinsHaveExactMeans();
+};
+
+namespace {
+
+/// A histogram in which the places of the points vary and so do their counts.
+ColourHistogram strewn(int count) {
+    QRandomGenerator random(5);
+    ColourHistogram histogram;
+    for (int i = 0; i < count; ++i) {
+        const float red = static_cast<float>(random.bounded(256));
+        const float green = static_cast<float>(random.bounded(256));
+        const float blue = static_cast<float>(random.bounded(256));
+        histogram.push_back({{red, green, blue}, static_cast<float>(random.bounded(1, 50))});
+    }
+    return histogram;
+}
+
+std::size_t nearestOf(const std::vector<ColourPoint>& palette, const ColourPoint& point) {
+    const auto nearer = [&](const ColourPoint& a, const ColourPoint& b) {
+        return squaredDistance(a, point) < squaredDistance(b, point);
+    };
+    return static_cast<std::size_t>(std::min_element(palette.begin(), palette.end(), nearer) -
+                                    palette.begin());
+}
+
+/// Sum of the pixels' squared distances to their nearest palette colours.
+double error(const ColourHistogram& histogram, const std::vector<ColourPoint>& palette) {
+    double sum = 0;
+    for (const ColourBin& bin : histogram)
+        sum += double(bin.pixels) * double(squaredDistance(bin.mean, palette[nearestOf(palette, bin.mean)]));
+    return sum;
+}
+
+} // namespace
+
+void VarianceCutTest::fewColoursAreAllThere() {
+    ColourHistogram histogram = strewn(40);
+    for (ColourBin& bin : histogram)
+        bin.pixels = bin.pixels < 25 ? 1 : 1'000'000; // rare ones too
+    std::vector<ColourPoint> expected;
+    for (const ColourBin& bin : histogram)
+        expected.push_back(bin.mean);
+    for (const std::size_t count : {40U, 41U, 256U}) {
+        std::vector<ColourPoint> palette = varianceCut(histogram, count);
+        std::sort(palette.begin(), palette.end());
+        std::sort(expected.begin(), expected.end());
+        QVERIFY(palette == expected);
+    }
+}
+
+void VarianceCutTest::cutsWhereItGainsMost() {
+    // Two groups far apart in blue; red varies within them.
+    ColourHistogram histogram = {
+        {{0, 9, 10}, 5}, {{40, 9, 10}, 5}, {{80, 9, 10}, 5}, {{0, 9, 250}, 5}, {{80, 9, 250}, 5}};
+    std::vector<ColourPoint> palette = varianceCut(histogram, 2);
+    std::sort(palette.begin(), palette.end());
+    QVERIFY(palette == std::vector<ColourPoint>({{40, 9, 10}, {40, 9, 250}}));
+}
+
+void VarianceCutTest::meansCountPixels() {
+    ColourHistogram histogram = {{{0, 0, 0}, 3}, {{8, 4, 0}, 1}};
+    QVERIFY(varianceCut(histogram, 1) == std::vector<ColourPoint>({{2, 1, 0}}));
+}
+
+void VarianceCutTest::refiningBringsThePaletteNearer() {
+    ColourHistogram histogram = strewn(3000);
+    std::vector<ColourPoint> palette = varianceCut(histogram, 32);
+    double before = error(histogram, palette);
+    for (int pass = 0; pass < 4; ++pass) {
+        refinePalette(histogram, palette, 1);
+        const double after = error(histogram, palette);
+        QVERIFY(after < before);
+        before = after;
+    }
+}
+
+void VarianceCutTest::refinedColoursAreTheMeansOfWhatTheyServe() {
+    const ColourHistogram histogram = {
+        {{10, 0, 0}, 3}, {{14, 0, 4}, 1}, {{200, 200, 0}, 2}, {{201, 200, 0}, 2}};
+    std::vector<ColourPoint> palette = {{90, 0, 0}, {130, 200, 0}};
+    refinePalette(histogram, palette, 1);
+    QVERIFY(palette == std::vector<ColourPoint>({{11, 0, 1}, {200.5, 200, 0}}));
+}
+
+void VarianceCutTest::unusedColourStays() {
+    const ColourHistogram histogram = {{{10, 0, 0}, 3}};
+    std::vector<ColourPoint> palette = {{12, 0, 0}, {130, 200, 0}};
+    refinePalette(histogram, palette, 3);
+    keepFlatColours(histogram, palette);
+    QVERIFY(palette == std::vector<ColourPoint>({{10, 0, 0}, {130, 200, 0}}));
+}
+
+void VarianceCutTest::flatColourIsKept_data() {
+    QTest::addColumn<float>("others");
+    QTest::addColumn<float>("red");
+    QTest::newRow("paper and smoothed edges") << 49.0F << 255.0F;
+    QTest::newRow("no one colour") << 51.0F << 250.0F;
+}
+
+void VarianceCutTest::flatColourIsKept() {
+    QFETCH(float, others);
+    QFETCH(float, red);
+    const ColourHistogram histogram = {
+        {{245, 250, 250}, others}, {{255, 250, 250}, 100}, {{241, 250, 250}, others}};
+    std::vector<ColourPoint> palette = {{250, 250, 250}};
+    keepFlatColours(histogram, palette);
+    QCOMPARE(palette[0][0], red);
+}
+
+void VarianceCutTest::coarseBinsHaveExactMeans() {
+    // Both of the first two lie in one bin, the third is its neighbour in blue.
+    const QRgb colours[] = {qRgb(4, 255, 128), qRgb(7, 254, 131), qRgb(7, 255, 132)};
+    ImageRows rows(painted(QSize(6, 4), [&](int x, int) { return colours[x % 3]; }));
+    const ColourHistogram histogram = coarseHistogram(rows);
+    QCOMPARE(histogram.size(), std::size_t{2});
+    QVERIFY(histogram[0].mean == ColourPoint({5.5F, 254.5F, 129.5F}));
+    QCOMPARE(histogram[0].pixels, 16.0F);
+    QVERIFY(histogram[1].mean == ColourPoint({7, 255, 132}));
+    QCOMPARE(histogram[1].pixels, 8.0F);
+}
+
+QTEST_GUILESS_MAIN(VarianceCutTest)
+#include "tst_variancecut.moc"
