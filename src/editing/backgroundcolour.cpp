@@ -1,0 +1,49 @@
+#include "editing/backgroundcolour.h"
+
+#include "platform/runtimeerror.h"
+
+namespace ovrano {
+
+namespace {
+
+constexpr int FullDialogWithPreset = 3;
+
+} // namespace
+
+BackgroundColour::BackgroundColour(WorkPicture& work, LiftedBlock& block, QAbstractButton& button,
+                                   ColourBox& label, Dialogs& dialogs, QObject* parent)
+    : QObject(parent)
+    , m_work(work)
+    , m_block(block)
+    , Command2(button)
+    , LblFond(label)
+    , CommonDialog1(dialogs) {
+    connect(&Command2, &QAbstractButton::clicked, this, &BackgroundColour::Command2_Click);
+}
+
+void BackgroundColour::Command2_Click() {
+    skipOnError([this] {
+        CommonDialog1.CancelError = true;
+        CommonDialog1.Flags = FullDialogWithPreset;
+        CommonDialog1.Color = LblFond.BackColor();
+        CommonDialog1.ShowColor();
+        apply(CommonDialog1.Color);
+    });
+}
+
+void BackgroundColour::setUsable(bool usable) {
+    Command2.setEnabled(usable);
+    LblFond.setEnabled(usable);
+}
+
+void BackgroundColour::apply(Colour colour) {
+    LblFond.setBackColor(colour);
+    for (Surface* surface : {&m_work.picDisp, &m_work.picSnap, &m_work.picMask}) {
+        surface->Cls();
+        surface->setBackColor(colour);
+        surface->Refresh();
+    }
+    m_block.ClearSelection();
+}
+
+} // namespace ovrano

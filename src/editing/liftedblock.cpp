@@ -1,0 +1,167 @@
+#include "editing/liftedblock.h"
+
+#include "editing/mask.h"
+#include "platform/numbers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ovrano {
+
+namespace {
+
+QPoint pixelAt(float x, float y) {
+    return QPoint(toInteger32(double(x)), toInteger32(double(y)));
+}
+
+} // namespace
+
+LiftedBlock::LiftedBlock(WorkPicture& work, QObject* parent)
+    : QObject(parent)
+    , m_work(work) {}
+
+void LiftedBlock::SetLeeWay(const Surface& moved, const Surface& container, double percent) {
+    const double left = -(moved.ScaleWidth() / 100 * percent);
+    const double top = -(moved.ScaleHeight() / 100 * percent);
+    MinLeft = float(left);
+    MinTop = float(top);
+    MaxLeft = float(container.ScaleWidth() - moved.ScaleWidth() - left);
+    MaxTop = float(container.ScaleHeight() - moved.ScaleHeight() - top);
+}
+
+void LiftedBlock::SetPrevAndCurrValues(float x, float y) {
+    CurrX = PrevX = x;
+    CurrY = PrevY = y;
+    GrabDX = GrabDY = 0;
+}
+
+void LiftedBlock::ClearSelection() {
+    m_work.UndoAvailable = false;
+    MouseIsDown = HasSelection = BlockFromPaste = false;
+    ResizingWidth = ResizingHeight = false;
+    SelX1 = SelX2 = SelY1 = SelY2 = 0;
+    m_work.picDisp.Cls();
+}
+
+void LiftedBlock::NormaliseSelection() {
+    if (SelX1 > SelX2)
+        std::swap(SelX1, SelX2);
+    if (SelY1 > SelY2)
+        std::swap(SelY1, SelY2);
+}
+
+void LiftedBlock::drawBox(Surface& surface, Colour colour, BoxStyle style) const {
+    surface.Line(QPointF(double(SelX1), double(SelY1)), QPointF(double(SelX2), double(SelY2)), colour, style);
+}
+
+void LiftedBlock::DrawSelectionFrame() {
+    Surface& picDisp = m_work.picDisp;
+    picDisp.setDrawMode(DrawMode::Invert);
+    picDisp.setDrawStyle(DrawStyle::Dotted);
+    drawBox(picDisp, Black, BoxStyle::Outline);
+    picDisp.setDrawMode(DrawMode::CopyPen);
+    picDisp.setDrawStyle(DrawStyle::Solid);
+}
+
+QSize LiftedBlock::selectionSize() const {
+    return QSize(toInteger32(double(SelX2) - double(SelX1) + 1),
+                 toInteger32(double(SelY2) - double(SelY1) + 1));
+}
+
+void LiftedBlock::CaptureSelection() {
+    const QRect zone(pixelAt(SelX1, SelY1), selectionSize());
+    Surface& picDisp = m_work.picDisp;
+    Surface& picSnap = m_work.picSnap;
+    Surface& picRegion = m_work.picRegion;
+    setClientSize(picRegion, zone.width(), zone.height());
+    picDisp.Cls();
+    m_work.BitbltPic(picDisp, picSnap);
+    DrawSelectionFrame();
+    picRegion.copyFrom(picSnap, zone, QPoint(0, 0));
+    picRegion.commit();
+    drawBox(picSnap, picDisp.BackColor(), BoxStyle::Filled);
+    picSnap.commit();
+    SetLeeWay(picRegion, picDisp, LeeWayPercent);
+    SetPrevAndCurrValues(SelX1, SelY1);
+}
+
+void LiftedBlock::ComposeRegion() {
+    const QSize size = selectionSize();
+    const QPoint before = pixelAt(PrevX, PrevY);
+    const QPoint now = pixelAt(CurrX, CurrY);
+    Surface& picDisp = m_work.picDisp;
+    picDisp.Cls();
+    picDisp.copyFrom(m_work.picSnap, QRect(before, size), before);
+    if (TransparentPaste)
+        composeMasked(picDisp, m_work.picRegion, m_work.picMask, now, size);
+    else
+        picDisp.copyFrom(m_work.picRegion, QRect(QPoint(0, 0), size), now);
+    picDisp.commit();
+    if (HasSelection)
+        DrawSelectionFrame();
+    PrevX = CurrX;
+    PrevY = CurrY;
+}
+
+bool LiftedBlock::contains(QPoint point) const {
+    const auto x = float(point.x()), y = float(point.y());
+    return x >= SelX1 && x <= SelX2 && y >= SelY1 && y <= SelY2;
+}
+
+bool LiftedBlock::encloses(QPoint point) const {
+    const auto x = float(point.x()), y = float(point.y());
+    return x > SelX1 && x < SelX2 && y > SelY1 && y < SelY2;
+}
+
+void LiftedBlock::grab(QPoint mouse) {
+    GrabDX = CurrX - float(mouse.x());
+    GrabDY = CurrY - float(mouse.y());
+}
+
+void LiftedBlock::dragTo(QPoint mouse) {
+    const auto clamp = [](float value, float least, float most) {
+        return std::min(std::max(value, least), most); // the upper bound wins where they cross
+    };
+    CurrX = clamp(GrabDX + float(mouse.x()), MinLeft, MaxLeft);
+    // The top is bounded by the horizontal leeway on purpose: a tall block may be pushed out further than
+    // its own leeway says, a wide one less far.
+    CurrY = clamp(GrabDY + float(mouse.y()), MinLeft, MaxTop);
+    SelX1 = CurrX;
+    SelY1 = CurrY;
+    SelX2 = float(m_work.picRegion.ScaleWidth()) + SelX1;
+    SelY2 = float(m_work.picRegion.ScaleHeight()) + SelY1;
+    ComposeRegion();
+}
+
+void LiftedBlock::drop() {
+    m_work.picDisp.Cls();
+    m_work.TakeUndoSnapshot();
+    ClearSelection();
+}
+
+void LiftedBlock::startBand(QPoint mouse) {
+    m_work.picDisp.Cls();
+    SelX1 = SelX2 = float(mouse.x());
+    SelY1 = SelY2 = float(mouse.y());
+    DrawSelectionFrame();
+}
+
+void LiftedBlock::stretchBand(QPoint mouse) {
+    DrawSelectionFrame();
+    SelX2 = float(mouse.x());
+    SelY2 = float(mouse.y());
+    DrawSelectionFrame();
+}
+
+void LiftedBlock::endBand() {
+    // Measured before the edges are put in order: a band drawn to the left or upwards lifts nothing.
+    const bool largeEnough = SelX2 - SelX1 > 1 && SelY2 - SelY1 > 1;
+    if (HasSelection || !largeEnough)
+        return;
+    HasSelection = true;
+    NormaliseSelection();
+    TransparentPaste = false;
+    CaptureSelection();
+}
+
+} // namespace ovrano

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "document/workpicture.h"
+
+#include <QObject>
+
+namespace ovrano {
+
+/// The selection rectangle and the block that is lifted off the work picture: a zone, a pasted picture or a
+/// text stamp. Coordinates are pixels of picDisp; the rectangle includes all four edges.
+class LiftedBlock : public QObject {
+    Q_OBJECT
+
+public:
+    /// How much of its own size a block may hang over each edge of the picture.
+    static constexpr double LeeWayPercent = 80;
+
+    explicit LiftedBlock(WorkPicture& work, QObject* parent = nullptr);
+
+    float SelX1 = 0, SelX2 = 0, SelY1 = 0, SelY2 = 0;
+    float CurrX = 0, CurrY = 0;   // where the block's corner is now
+    float PrevX = 0, PrevY = 0;   // where it was drawn last, to be restored from picSnap
+    float GrabDX = 0, GrabDY = 0; // block corner minus mouse position when it was grabbed
+    float MinLeft = 0, MinTop = 0, MaxLeft = 0, MaxTop = 0; // where the corner may be dragged to
+    bool MouseIsDown = false;                               // the left button is down in zone mode
+    bool HasSelection = false;                              // a block is lifted
+    bool TransparentPaste = false;                          // it is composed through picMask
+    bool BlockFromPaste = false;                            // it came from a paste
+    bool ResizingWidth = false, ResizingHeight = false;     // an edge of the picture is being dragged
+    float ResizeStartX = 0, ResizeStartY = 0;
+
+    /// Lets the moved surface hang over each edge of its container by a percentage of its own size.
+    void SetLeeWay(const Surface& moved, const Surface& container, double percent);
+    void SetPrevAndCurrValues(float x, float y);
+    /// Forgets the rectangle and its flags (and that there is something to undo) and removes whatever was
+    /// drawn over the committed picture.
+    void ClearSelection();
+    void NormaliseSelection();
+    /// Inverts a dotted frame along the rectangle: a second call at the same place erases it.
+    void DrawSelectionFrame();
+    /// Lifts the framed block into picRegion and leaves background colour behind in picSnap.
+    void CaptureSelection();
+    /// Draws the block at CurrX, CurrY over the restored picture, commits, and frames it.
+    void ComposeRegion();
+
+    // What the mouse does with them, in picture pixels.
+    /// Inside the rectangle or on one of its edges.
+    bool contains(QPoint point) const;
+    /// Inside the rectangle but not on its edges.
+    bool encloses(QPoint point) const;
+    /// Keeps a point of the block under the mouse from now on.
+    void grab(QPoint mouse);
+    /// Moves the block so that the point it was grabbed at follows the mouse, as far as the leeway goes.
+    void dragTo(QPoint mouse);
+    /// Leaves the block where it stands. It has been committed with its last step already.
+    void drop();
+    /// Starts a band at a point: the dotted rectangle that will be lifted.
+    void startBand(QPoint mouse);
+    /// Draws the band's free corner to another point.
+    void stretchBand(QPoint mouse);
+    /// Lifts what the band frames when it goes right and down by more than one pixel; another band stays
+    /// drawn, and a block that is lifted already stays as it is.
+    void endBand();
+
+private:
+    QSize selectionSize() const; // in whole pixels, both edges included
+    void drawBox(Surface& surface, Colour colour, BoxStyle style) const;
+
+    WorkPicture& m_work;
+};
+
+} // namespace ovrano

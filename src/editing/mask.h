@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/surface.h"
+
+namespace ovrano {
+
+/// Every pixel of a surface that has the colour becomes white, so that composing lets it through.
+/// Yields to pending window events during the scan.
+void WhiteNonPaintArea(Surface& pic, Colour colour);
+
+/// Every pixel of a surface that is not white becomes the colour: with black, the transparency mask.
+/// Yields to pending window events during the scan.
+void CreateMask(Surface& pic, Colour colour);
+
+/// Draws a block through its mask in place: destination = (NOT mask OR destination) AND block, where both
+/// have their upper-left corner at `to` and the part `size` of them is taken; clipped on every side.
+void composeMasked(Surface& destination, const Surface& block, const Surface& mask, QPoint to, QSize size);
+
+} // namespace ovrano
