@@ -1,0 +1,257 @@
+#include "app/mainwindow.h"
+
+#include "app/windowlayout.h"
+#include "platform/clipboard.h"
+#include "platform/errorreporter.h"
+#include "ui/icons.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QTimer>
+
+namespace ovrano {
+
+namespace {
+
+constexpr Colour DefaultTextColour = rgb(0, 64, 128);
+constexpr QSize SmallestWindow(900, 480);
+
+QWidget* newContent(QMainWindow& window) {
+    auto* content = new QWidget(&window);
+    window.setCentralWidget(content);
+    return content;
+}
+
+} // namespace
+
+MainWindow::MainWindow(Dialogs& dialogs)
+    : m_dialogs(dialogs)
+    , m_content(newContent(*this))
+    , m_menus(*this)
+    , m_toolBox(new ToolBox(m_content))
+    , m_work(dialogs)
+    , m_view(m_work, m_content)
+    , m_block(m_work)
+    , m_pointer(m_work, m_view, m_block, *m_toolBox->imgRegion, *m_toolBox->imgColorPicker,
+                *m_menus.mnuToolsRegion, dialogs)
+    , m_background(m_work, m_block, *m_toolBox->Command2, *m_toolBox->LblFond, dialogs)
+    , m_undo(m_work, m_view)
+    , m_save(m_work, dialogs)
+    , m_open(m_work, m_view, m_save, dialogs)
+    , frafont(new StylePanel(m_work, dialogs, m_content))
+    , fraRotateAngle(new AnglePanel(m_content))
+    , fra1Color3D(
+          new OneColourPanel(m_work, m_view, m_block, m_pointer, *frafont, *fraRotateAngle, m_content))
+    , fraTextPanel(newTextPanel())
+    , lblImageSize(newLabel("lblImageSize", QStringLiteral("L= H=")))
+    , lblFileSpec(newLabel("lblFileSpec", QString())) {
+    setObjectName(QStringLiteral("frmPicText0"));
+    setWindowTitle(QStringLiteral("Ovrano de création de texte 3D"));
+    setMinimumSize(SmallestWindow);
+    connectMenus();
+    connectTextTools();
+    connectEditing();
+    connectDocument();
+    Form_Load();
+}
+
+QFrame* MainWindow::newTextPanel() {
+    auto* panel = new QFrame(m_content);
+    panel->setObjectName(QStringLiteral("fraTextPanel"));
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    row->addWidget(frafont, 1);
+    row->addWidget(fraRotateAngle);
+    row->addWidget(fra1Color3D);
+    return panel;
+}
+
+QLabel* MainWindow::newLabel(const char* name, const QString& text) {
+    auto* label = new QLabel(text, m_content);
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+void MainWindow::connectMenus() {
+    m_menus.setRule(m_menus.mnuFile, [this] { mnuFile_Click(); });
+    m_menus.setRule(m_menus.mnuEdit, [this] { mnuEdit_Click(); });
+    m_menus.setRule(m_menus.mnuTools, [this] { mnuTools_Click(); });
+    m_menus.setRule(m_menus.mnuText, [this] { mnuText_Click(); });
+    m_menus.setCommand(m_menus.mnuFileOpen, [this] { m_open.mnuFileOpen_Click(); });
+    m_menus.setCommand(m_menus.mnuFileSave, [this] { m_save.mnuFileSave_Click(); });
+    m_menus.setCommand(m_menus.mnuFileExit, [this] { mnuFileExit_Click(); });
+    m_menus.setCommand(m_menus.mnuEditUndo, [this] { m_undo.mnuEditUndo_Click(); });
+    m_menus.setCommanded(m_menus.mnuToolsRegion); // by m_pointer
+    m_menus.setCommand(m_menus.Mnu_Pipette, [this] { m_pointer.Mnu_Pipette_Click(); });
+    m_menus.setCommand(m_menus.Mnu_ChoixCouleur, [this] { frafont->Mnu_ChoixCouleur_Click(); });
+    m_menus.setCommand(m_menus.mnuTextWrite[0], [this] { mnuTextWrite_Click(0); });
+}
+
+void MainWindow::connectTextTools() {
+    const auto focusPicture = [this] { m_view.picDisp->setFocus(); };
+    const auto releasePicker = [this] { m_pointer.releasePicker(); };
+    const auto lockBackground = [this] { m_background.setUsable(false); };
+    connect(frafont, &StylePanel::pickerReleased, this, releasePicker);
+    connect(frafont, &StylePanel::pictureFocusRequested, this, focusPicture);
+    connect(fra1Color3D, &OneColourPanel::pictureFocusRequested, this, focusPicture);
+    connect(fra1Color3D, &OneColourPanel::editStateChanged, this, &MainWindow::mnuEdit_Click);
+    connect(fra1Color3D, &OneColourPanel::backgroundColourLocked, this, lockBackground);
+    setToolIcon(*frafont->imgBold, QStringLiteral("bold"));
+    setToolIcon(*frafont->imgItalic, QStringLiteral("italic"));
+}
+
+void MainWindow::connectEditing() {
+    connect(m_toolBox->imgRegion, &QAbstractButton::clicked, this, [this] { m_pointer.imgRegion_Click(); });
+    connect(m_toolBox->imgColorPicker, &QAbstractButton::clicked, this,
+            [this] { m_pointer.imgColorPicker_Click(); });
+    connect(&m_pointer, &PointerModes::colourPicked, this,
+            [this](Colour colour) { frafont->DispDialogColor(colour); });
+    connect(&m_pointer, &PointerModes::backgroundColourLocked, this,
+            [this] { m_background.setUsable(false); });
+    connect(&m_pointer, &PointerModes::undoLost, this,
+            [this] { m_menus.setEnabled(m_menus.mnuEditUndo, false); });
+}
+
+void MainWindow::connectDocument() {
+    connect(m_toolBox->Command1, &QAbstractButton::clicked, this, [this] { Command1_Click(); });
+    connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this, [this] { CmdAnnul_Click(); });
+    connect(m_toolBox->cmdCancel, &QAbstractButton::clicked, this, [this] { cmdCancel_Click(); });
+    connect(&m_undo, &Undo::pickerReleased, this, [this] { m_pointer.releasePicker(); });
+    connect(&m_open, &FileOpen::pickerReleased, this, [this] { m_pointer.releasePicker(); });
+    connect(&m_work, &WorkPicture::imageSizeShown, lblImageSize, &QLabel::setText);
+    connect(&m_work, &WorkPicture::fileNameShown, this, &MainWindow::showFileName);
+}
+
+void MainWindow::Form_Load() {
+    FormLoading = true;
+    m_work.picAuto.setAutoSize(true);
+    frafont->DispDialogColor(DefaultTextColour);
+    FormLoading = false;
+}
+
+void MainWindow::ArrangeMainWindow() {
+    m_view.picSnap->hide();
+    m_view.picDisp->show();
+    fraTextPanel->show();
+    setWindowState(windowState() | Qt::WindowMaximized);
+    layOut(screen()->size());
+    m_view.picDisp->move(0, 0);
+    takeSize(m_work.picSnap, m_work.picDisp);
+    takeSize(m_work.picUndo, m_work.picDisp);
+    m_work.showFileName(QStringLiteral("Sans Nom"));
+    m_work.readImageSize();
+    m_view.setScrollMax();
+    m_work.showImageSize();
+    m_work.ImageLoaded = true;
+    m_work.ImageModified = m_work.UndoAvailable = false;
+    m_block.HasSelection = m_block.TransparentPaste = m_block.BlockFromPaste = false;
+    frafont->UpdateTextSample();
+}
+
+void MainWindow::layOut(QSize area) {
+    const QSize bars(m_view.VScroll1->sizeHint().width(), m_view.HScroll1->sizeHint().height());
+    const WindowLayout layout = WindowLayout::arrange(area, bars);
+    fraTextPanel->setGeometry(layout.fraTextPanel);
+    m_toolBox->setGeometry(layout.toolBox);
+    m_view.picZ->setGeometry(layout.picZ);
+    m_view.VScroll1->setGeometry(layout.VScroll1);
+    m_view.HScroll1->setGeometry(layout.HScroll1);
+    lblImageSize->setGeometry(layout.lblImageSize);
+    lblFileSpec->setGeometry(layout.lblFileSpec);
+    showFileName(m_fileName);
+}
+
+void MainWindow::showFileName(const QString& text) {
+    m_fileName = text;
+    lblFileSpec->setText(lblFileSpec->fontMetrics().elidedText(text, Qt::ElideMiddle, lblFileSpec->width()));
+    lblFileSpec->setToolTip(text);
+}
+
+void MainWindow::mnuFile_Click() {
+    m_menus.setEnabled(m_menus.mnuFileSave, m_work.ImageLoaded);
+}
+
+void MainWindow::mnuEdit_Click() {
+    const bool loaded = m_work.ImageLoaded;
+    const bool pasteable = loaded && clipboardOffersPicture();
+    m_toolBox->CmdAnnul->setEnabled(m_work.UndoAvailable);
+    m_menus.setEnabled(m_menus.mnuEditUndo, m_work.UndoAvailable);
+    m_menus.setEnabled(m_menus.mnuEditCut, m_block.HasSelection && loaded);
+    m_menus.setEnabled(m_menus.mnuEditCopy, loaded);
+    for (QAction* entry : {m_menus.mnuEditPaste, m_menus.mnuEditPasteTransparent, m_menus.Mnu_ColleNouvIMG})
+        m_menus.setEnabled(entry, pasteable);
+    for (QAction* entry : {m_menus.mnuEditPasteFromFile, m_menus.mnuEditPasteFromFileTransparent})
+        m_menus.setEnabled(entry, loaded);
+}
+
+void MainWindow::mnuTools_Click() {
+    m_menus.setEnabled(m_menus.mnuToolsRegion, m_work.ImageLoaded);
+}
+
+void MainWindow::mnuText_Click() {
+    m_pointer.releasePicker();
+    m_pointer.imgRegion.setAppearance(0);
+}
+
+void MainWindow::mnuTextWrite_Click(int Index) {
+    m_block.ClearSelection();
+    m_work.picDisp.Cls();
+    for (QWidget* frame : {static_cast<QWidget*>(fraRotateAngle), static_cast<QWidget*>(fra1Color3D),
+                           static_cast<QWidget*>(frafont)})
+        frame->show();
+    for (int i = 0; i < static_cast<int>(m_menus.mnuTextWrite.size()); ++i)
+        m_menus.mnuTextWrite.at(static_cast<std::size_t>(i))->setChecked(i == Index);
+}
+
+void MainWindow::mnuFileExit_Click() {
+    close();
+}
+
+void MainWindow::Command1_Click() {
+    m_save.mnuFileSave_Click();
+}
+
+void MainWindow::CmdAnnul_Click() {
+    m_undo.mnuEditUndo_Click();
+    mnuEdit_Click();
+}
+
+void MainWindow::cmdCancel_Click() {
+    QCoreApplication::exit();
+}
+
+bool MainWindow::Form_QueryUnload() {
+    return !m_work.ImageModified || m_save.confirmDiscard(QStringLiteral("Enregistrer l'image ?"));
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (m_arranged)
+        return;
+    m_arranged = true;
+    ArrangeMainWindow();
+    mnuEdit_Click();
+    frafont->txbWriteText->setFocus();
+    // Where no window manager answers, the window keeps its size and no resize event will follow.
+    QTimer::singleShot(0, this, [this] {
+        QResizeEvent unchanged(size(), size());
+        resizeEvent(&unchanged);
+    });
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (!m_arranged)
+        return;
+    layOut(QSize(m_content->width(), height()));
+    trapErrors(m_dialogs, QStringLiteral("Form_Resize"), [this] { m_view.setScrollMax(); });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(Form_QueryUnload());
+}
+
+} // namespace ovrano

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+
+#include <array>
+#include <functional>
+
+namespace ovrano {
+
+/// The main window's menus. Every entry is there under its name; one is enabled only when it has a command
+/// and its menu's rule allows it.
+class Menus : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Menus(QMainWindow& window);
+
+    QMenu* mnuFile;
+    QAction* mnuFileNew;
+    QAction* mnuFileOpen;
+    QAction* mnuFileSave;
+    QAction* mnuFileExit;
+
+    QMenu* mnuEdit;
+    QAction* mnuEditUndo;
+    QAction* mnuEditCut;
+    QAction* mnuEditCopy;
+    QAction* mnuEditPaste;
+    QAction* mnuEditPasteTransparent;
+    QAction* Mnu_ColleNouvIMG;
+    QAction* mnuEditPasteFromFile;
+    QAction* mnuEditPasteFromFileTransparent;
+    QAction* mnuEditClearClipboard;
+
+    QMenu* mnuTools;
+    QAction* mnuToolsRegion;
+    QAction* Mnu_Pipette;
+    QAction* Mnu_ChoixCouleur;
+
+    QMenu* mnuText;
+    std::array<QAction*, 3> mnuTextWrite;
+
+    /// Runs when a menu opens, and before a key of one of its entries is obeyed.
+    void setRule(QMenu* menu, std::function<void()> rule);
+    void setCommand(QAction* entry, std::function<void()> command);
+    /// The entry has a command that is connected elsewhere.
+    void setCommanded(QAction* entry);
+    /// Enables an entry that has a command.
+    void setEnabled(QAction* entry, bool enabled);
+
+private:
+    void buildFile();
+    void buildEdit();
+    void buildTools();
+    void buildText();
+    QMenu* newMenu(const char* name, const QString& caption);
+    QAction* newEntry(QMenu* menu, const char* name, const QString& caption,
+                      const QList<QKeySequence>& keys = QList<QKeySequence>());
+    void obeyKey(QMenu* menu, QAction* entry);
+
+    QMainWindow& m_window;
+    QHash<QMenu*, std::function<void()>> m_rules;
+    QSet<QAction*> m_commanded;
+};
+
+} // namespace ovrano

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QImage>
+
+namespace ovrano::testing {
+
+/// A picture that compresses and quantises like a photograph: an island in the sea under an evening sky, with
+/// smooth gradients, fine structure and a little noise. The same pixels at each call.
+QImage landscape(QSize size);
+
+} // namespace ovrano::testing
