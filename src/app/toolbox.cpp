@@ -52,13 +52,14 @@ ToolBox::ToolBox(QWidget* parent)
 }
 
 void ToolBox::arrange() {
-    LblFond->setText(QStringLiteral("Fond"));
-    LblFond->setAlignment(Qt::AlignCenter);
     LblFond->setToolTip(QStringLiteral("Couleur de fond"));
+    LblFond->setAccessibleName(LblFond->toolTip());
+    LblFond->setMinimumHeight(Command2->sizeHint().height());
     Command2->setAccessibleName(Command2->toolTip());
     Command2->setMaximumWidth(36);
 
     auto* background = new QHBoxLayout;
+    background->addWidget(new QLabel(QStringLiteral("Fond"), this));
     background->addWidget(LblFond, 1);
     background->addWidget(Command2);
 

@@ -75,8 +75,11 @@ void LiftedBlock::CaptureSelection() {
     Surface& picRegion = m_work.picRegion;
     setClientSize(picRegion, zone.width(), zone.height());
     picDisp.Cls();
+    takeSize(picSnap, picDisp); // an Undo may have changed the picture's size alone
     m_work.BitbltPic(picDisp, picSnap);
     DrawSelectionFrame();
+    // What a zone holds beside the picture is background, not the rest of an earlier block.
+    picRegion.setPicture(Raster(picRegion.innerSize(), picDisp.BackColor()));
     picRegion.copyFrom(picSnap, zone, QPoint(0, 0));
     picRegion.commit();
     drawBox(picSnap, picDisp.BackColor(), BoxStyle::Filled);

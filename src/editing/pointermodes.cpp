@@ -37,6 +37,8 @@ PointerModes::PointerModes(WorkPicture& work, PictureView& view, LiftedBlock& bl
     mnuToolsRegion.setCheckable(true);
     // Triggering a checkable entry has turned its check mark already.
     connect(&mnuToolsRegion, &QAction::triggered, this, &PointerModes::followRegionEntry);
+    connect(&imgRegion, &ImageButton::AppearanceChanged, &mnuToolsRegion,
+            [this](int appearance) { mnuToolsRegion.setChecked(appearance == 1); });
     connect(view.picDisp, &PictureBox::mouseDown, this, &PointerModes::picDisp_MouseDown);
     connect(view.picDisp, &PictureBox::mouseMove, this, &PointerModes::picDisp_MouseMove);
     connect(view.picDisp, &PictureBox::mouseUp, this,
@@ -49,7 +51,6 @@ void PointerModes::imgRegion_Click() {
     if (!m_work.ImageLoaded)
         return;
     imgRegion.setAppearance(std::abs(imgRegion.Appearance() - 1));
-    mnuToolsRegion.setChecked(imgRegion.isOn());
     if (imgRegion.isOn())
         m_block.TransparentPaste = false;
     releasePicker();

@@ -1,0 +1,180 @@
+#include "app/mainwindow.h"
+#include "support/answeringdialogs.h"
+#include "support/grid.h"
+#include "support/inputerror.h"
+#include "support/user.h"
+
+#include <QCursor>
+#include <QtTest>
+
+using namespace ovrano;
+using namespace ovrano::testing;
+
+namespace {
+
+constexpr Colour Red = rgb(255, 0, 0);
+constexpr Colour Blue = rgb(0, 0, 255);
+
+/// The window with a picture: blue, with a red box from (100, 80) to (149, 109).
+struct Program {
+    explicit Program(QSize picture = QSize(400, 300))
+        : window(dialogs) {
+        window.show();
+        if (!QTest::qWaitForWindowActive(&window, 10'000))
+            qFatal("the window is not activated");
+        WorkPicture& work = window.work();
+        work.picDisp.setInnerSize(picture);
+        work.picDisp.Line(QPointF(0, 0), QPointF(picture.width(), picture.height()), Blue, BoxStyle::Filled);
+        work.picDisp.Line(QPointF(100, 80), QPointF(149, 109), Red, BoxStyle::Filled);
+        work.picDisp.commit();
+        work.readImageSize();
+        window.view().setScrollMax();
+    }
+
+    /// No dialog opens in these scripts, so they can run in the program's own thread.
+    void play(const std::function<void()>& script) {
+        try {
+            user.waitForWindow(QStringLiteral("frmPicText0"));
+            script();
+        } catch (const InputError& error) {
+            QTest::qFail(error.what(), __FILE__, __LINE__);
+        }
+    }
+
+    /// A point of the picture on the screen.
+    QPoint at(int x, int y) { return window.view().picDisp->mapToGlobal(QPoint(x, y)); }
+    Colour pixel(int x, int y) { return window.work().picDisp.Picture().pixel(x, y); }
+    QString label(const char* name) { return window.findChild<QLabel*>(QLatin1String(name))->text(); }
+
+    AnsweringDialogs dialogs;
+    MainWindow window;
+    User user;
+};
+
+} // namespace
+
+/// Zones, blocks, the picker, edges and scrolling with a real mouse.
+class TestEditing : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void zoneIsFramedDraggedAndDropped();
+    void bandToTheLeftLiftsNothing();
+    void stampIsDraggedWithTheViewScrolled();
+    void pickerTakesOneColour();
+    void rightEdgeIsDragged();
+    void edgeBeyondTheLeftSideLeavesOnePixel();
+    void wheelScrollsBothWays();
+    void bandScrollsTheView();
+};
+
+void TestEditing::zoneIsFramedDraggedAndDropped() {
+    Program program;
+    program.play([&] {
+        program.user.click(QStringLiteral("imgRegion"));
+        program.user.input.drag(program.at(100, 80), program.at(149, 109));
+        QVERIFY(program.window.block().HasSelection);
+        QCOMPARE(program.window.work().picRegion.innerSize(), QSize(50, 30));
+        QCOMPARE(program.window.view().picDisp->cursor().shape(), Qt::CrossCursor); // on the corner
+        program.user.input.drag(program.at(120, 90), program.at(220, 190));
+        QCOMPARE(program.pixel(210, 190), Red);
+        QCOMPARE(program.pixel(200, 180), Red);
+        QCOMPARE(program.pixel(110, 90), White); // the hole has the background colour
+        QCOMPARE(program.window.view().picDisp->cursor().shape(), Qt::SizeAllCursor);
+        program.user.input.click(program.at(300, 50));
+        QVERIFY(!program.window.block().HasSelection);
+        QCOMPARE(program.pixel(210, 190), Red);
+        QVERIFY(program.window.work().ImageModified);
+    });
+}
+
+void TestEditing::bandToTheLeftLiftsNothing() {
+    Program program;
+    program.play([&] {
+        program.user.click(QStringLiteral("imgRegion"));
+        program.user.input.drag(program.at(200, 150), program.at(100, 80));
+        QVERIFY(!program.window.block().HasSelection);
+        QCOMPARE(program.pixel(120, 90), Red);
+        QVERIFY(program.window.work().ImageModified);
+    });
+}
+
+void TestEditing::stampIsDraggedWithTheViewScrolled() {
+    Program program(QSize(3000, 2000));
+    program.play([&] {
+        program.user.click(QStringLiteral("cmd1Color3DProceed"));
+        program.user.waitFor([&] { return program.window.block().HasSelection; },
+                             QStringLiteral("the stamp"));
+        program.user.input.drag(program.at(60, 60), program.at(400, 300));
+        program.user.input.wheel(program.at(900, 300), -5);
+        QCOMPARE(program.window.view().VScroll1->value(), 240);
+        const QPoint before(int(program.window.block().CurrX), int(program.window.block().CurrY));
+        program.user.input.drag(program.at(410, 310), program.at(510, 610));
+        QCOMPARE(QPoint(int(program.window.block().CurrX), int(program.window.block().CurrY)),
+                 before + QPoint(100, 300));
+        program.user.input.click(program.at(1000, 400));
+        QVERIFY(!program.window.block().HasSelection);
+        QCOMPARE(program.pixel(110, 90), Red); // nothing is left where the stamp first was
+    });
+}
+
+void TestEditing::pickerTakesOneColour() {
+    Program program;
+    program.play([&] {
+        program.user.click(QStringLiteral("imgColorPicker"));
+        program.user.input.click(program.at(120, 90));
+        QCOMPARE(program.label("lblTextColor"), QStringLiteral("RVB(255, 0, 0)  Hex: #FF0000"));
+        program.user.input.click(program.at(10, 10));
+        QCOMPARE(program.label("lblTextColor"), QStringLiteral("RVB(255, 0, 0)  Hex: #FF0000"));
+    });
+}
+
+void TestEditing::rightEdgeIsDragged() {
+    Program program;
+    program.play([&] {
+        program.user.input.moveTo(program.at(399, 150));
+        QCOMPARE(program.window.view().picDisp->cursor().shape(), Qt::SizeHorCursor);
+        program.user.input.drag(program.at(399, 150), program.at(449, 160));
+        QCOMPARE(program.window.work().picDisp.innerSize(), QSize(450, 300));
+        QCOMPARE(program.label("lblImageSize"), QStringLiteral("L=450  H=300"));
+        QCOMPARE(program.pixel(430, 100), White);
+        QCOMPARE(program.pixel(390, 100), Blue);
+        program.user.input.drag(program.at(200, 299), program.at(200, 279));
+        QCOMPARE(program.label("lblImageSize"), QStringLiteral("W=450  H=280"));
+    });
+}
+
+void TestEditing::edgeBeyondTheLeftSideLeavesOnePixel() {
+    Program program;
+    program.play([&] {
+        program.user.input.drag(program.at(399, 150), program.at(-60, 150));
+        QCOMPARE(program.window.work().picDisp.innerSize(), QSize(1, 300));
+        program.user.input.drag(program.at(0, 150), program.at(99, 150));
+        QCOMPARE(program.window.work().picDisp.innerSize(), QSize(100, 300));
+    });
+}
+
+void TestEditing::wheelScrollsBothWays() {
+    Program program(QSize(3000, 2000));
+    program.play([&] {
+        program.user.input.wheel(program.at(300, 300), -2);
+        QCOMPARE(program.window.view().picDisp->pos(), QPoint(0, -96));
+        program.user.input.wheel(program.at(300, 300), 1);
+        QCOMPARE(program.window.view().picDisp->pos(), QPoint(0, -48));
+    });
+}
+
+void TestEditing::bandScrollsTheView() {
+    Program program(QSize(3000, 2000));
+    program.play([&] {
+        program.user.click(QStringLiteral("imgRegion"));
+        const QPoint from = program.at(600, 400);
+        const QRect visible = program.user.place(QStringLiteral("picZ"));
+        program.user.input.drag(from, QPoint(from.x() + 50, visible.bottom() + 30), 20);
+        QVERIFY(program.window.view().VScroll1->value() > 0);
+        QVERIFY(program.window.block().HasSelection);
+    });
+}
+
+QTEST_MAIN(TestEditing)
+#include "tst_editing.moc"
