@@ -111,8 +111,7 @@ void MainWindow::connectEditing() {
             [this](Colour colour) { frafont->DispDialogColor(colour); });
     connect(&m_pointer, &PointerModes::backgroundColourLocked, this,
             [this] { m_background.setUsable(false); });
-    connect(&m_pointer, &PointerModes::undoLost, this,
-            [this] { m_menus.setEnabled(m_menus.mnuEditUndo, false); });
+    connect(&m_pointer, &PointerModes::undoLost, this, &MainWindow::mnuEdit_Click);
 }
 
 void MainWindow::connectDocument() {

@@ -206,6 +206,7 @@ void PointerModes::endEdgeDrag() {
     picDisp.setPicture(Raster());
     m_work.BitbltPic(picSnap, picDisp);
     picSnap.setPicture(Raster());
+    m_work.UndoAvailable = false; // the snapshot is gone: putting it back would blank the picture
     Q_EMIT undoLost(); // before what may fail: a picture too large to be scrolled
     m_view.setScrollMax();
 }

@@ -1,66 +1,14 @@
-#include "editing/pointermodes.h"
+#include "editing/toolwindow.h"
 #include "platform/screen.h"
-#include "support/answeringdialogs.h"
-#include "support/grid.h"
 
 #include <QSignalSpy>
 #include <QTest>
-#include <QThread>
-#include <QTimer>
 
 using namespace ovrano;
 
 namespace {
 
 constexpr Colour Red = rgb(255, 0, 0);
-
-/// The tools of a window with a picture in it, and a mouse over the picture.
-struct Window {
-    explicit Window(const Raster& picture, QSize viewport = QSize(2000, 2000)) {
-        work.ImageLoaded = true;
-        for (Surface* surface : {&work.picDisp, &work.picSnap, &work.picUndo})
-            surface->setInnerSize(picture.size());
-        work.picDisp.setPicture(picture);
-        work.readImageSize();
-        view.picZ->resize(viewport);
-        view.setScrollMax();
-    }
-    explicit Window(QSize size = QSize(100, 80), QSize viewport = QSize(2000, 2000))
-        : Window(Raster(size, White), viewport) {}
-
-    void moveTo(int x, int y) { modes.picDisp_MouseMove(QPoint(x, y)); }
-    void press(int x, int y) {
-        moveTo(x, y);
-        modes.picDisp_MouseDown(Qt::LeftButton, QPoint(x, y));
-    }
-    void release(int x, int y) {
-        moveTo(x, y);
-        modes.picDisp_MouseUp(QPoint(x, y));
-    }
-    void drag(QPoint from, QPoint to) {
-        press(from.x(), from.y());
-        release(to.x(), to.y());
-    }
-    MousePointer pointerAt(int x, int y) {
-        moveTo(x, y);
-        return view.picDisp->pointer();
-    }
-    /// The zone from (20, 10) to (59, 39), lifted.
-    void liftZone() {
-        modes.imgRegion_Click();
-        drag(QPoint(20, 10), QPoint(59, 39));
-    }
-
-    QWidget widget;
-    AnsweringDialogs dialogs;
-    WorkPicture work{dialogs};
-    PictureView view{work, &widget};
-    LiftedBlock block{work};
-    ImageButton imgRegion{QStringLiteral("imgRegion"), QStringLiteral("Zone")};
-    ImageButton imgColorPicker{QStringLiteral("imgColorPicker"), QStringLiteral("Pipette")};
-    QAction mnuToolsRegion;
-    PointerModes modes{work, view, block, imgRegion, imgColorPicker, mnuToolsRegion, dialogs};
-};
 
 enum class Mode { Normal, Zone, Lifted, LiftedOutsideZoneMode };
 
@@ -78,7 +26,7 @@ private Q_SLOTS:
     void regionButtonNeedsAPicture();
     void regionEntryTurnsZoneModeOnce();
     void regionEntryLeavesTheRestAlone();
-    void regionButtonFollowsItsAppearanceNotTheEntry();
+    void regionEntryMirrorsTheZoneMode();
     void pickerButtonToggles();
     void pickerEntryIsThePickerButton();
     void pickerNeedsAPicture();
@@ -88,41 +36,11 @@ private Q_SLOTS:
     void pointerShape();
     void pointerIsSetBeforeAnythingElse();
 
-    // Zone mode
-    void bandLiftsTheFramedBlock();
-    void rejectedBandStaysDrawn();
-    void otherButtonsDoNotPress();
-    void noBandOutsideZoneMode();
-    void bandNeedsThePressedButton();
-    void pressOnTheFrameGrabs_data();
-    void pressOnTheFrameGrabs();
-    void pressBeyondTheFrameDrops_data();
-    void pressBeyondTheFrameDrops();
-    void draggingStopsWithTheButton();
-    void dropEndsTheGestureToo();
-    void releaseAfterADragChangesNothing();
-    void bandScrollsTheView_data();
-    void bandScrollsTheView();
-    void blockDragDoesNotScroll();
-
     // Picking a colour
     void pickerChoosesOnRelease();
     void pickerRemovesTheBand();
     void pickerWinsOverZoneMode();
     void pickBesideThePictureChoosesNothing();
-
-    // Dragging an edge
-    void rightEdgeFollowsTheMouse();
-    void bottomEdgeFollowsTheMouse();
-    void rightEdgeWinsInTheCorner();
-    void sizersComeBeforeThePicker();
-    void edgeStopsAtOnePixelAndComesBack_data();
-    void edgeStopsAtOnePixelAndComesBack();
-    void edgeDragLetsTheWindowRepaint();
-    void endOfAnEdgeDragRebuildsThePicture();
-    void endOfAnEdgeDragRecomputesTheBars();
-    void endOfAnEdgeDragLosesTheUndo();
-    void widerPictureThanBarsCanScrollIsReported();
 
     // Any release
     void everyReleaseMarksThePictureModified();
@@ -133,7 +51,7 @@ private Q_SLOTS:
 };
 
 void TestPointerModes::regionButtonTogglesZoneMode() {
-    Window window;
+    ToolWindow window;
     QSignalSpy locked(&window.modes, &PointerModes::backgroundColourLocked);
     window.block.TransparentPaste = true;
     window.imgColorPicker.setAppearance(1);
@@ -154,7 +72,7 @@ void TestPointerModes::regionButtonTogglesZoneMode() {
 }
 
 void TestPointerModes::regionButtonForgetsTheSelection() {
-    Window window;
+    ToolWindow window;
     window.liftZone();
     window.work.UndoAvailable = true;
     window.modes.imgRegion_Click();
@@ -165,7 +83,7 @@ void TestPointerModes::regionButtonForgetsTheSelection() {
 }
 
 void TestPointerModes::regionButtonNeedsAPicture() {
-    Window window;
+    ToolWindow window;
     QSignalSpy locked(&window.modes, &PointerModes::backgroundColourLocked);
     window.work.ImageLoaded = false;
     window.imgColorPicker.setAppearance(1);
@@ -177,7 +95,7 @@ void TestPointerModes::regionButtonNeedsAPicture() {
 }
 
 void TestPointerModes::regionEntryTurnsZoneModeOnce() {
-    Window window;
+    ToolWindow window;
     for (const int appearance : {1, 0}) {
         window.mnuToolsRegion.trigger();
         QCOMPARE(window.mnuToolsRegion.isChecked(), appearance == 1);
@@ -191,7 +109,7 @@ void TestPointerModes::regionEntryTurnsZoneModeOnce() {
 }
 
 void TestPointerModes::regionEntryLeavesTheRestAlone() {
-    Window window;
+    ToolWindow window;
     QSignalSpy locked(&window.modes, &PointerModes::backgroundColourLocked);
     window.liftZone();
     locked.clear();
@@ -203,20 +121,17 @@ void TestPointerModes::regionEntryLeavesTheRestAlone() {
     QCOMPARE(locked.count(), 0);
 }
 
-void TestPointerModes::regionButtonFollowsItsAppearanceNotTheEntry() {
-    Window window;
-    window.imgRegion.setAppearance(1); // as a paste does, which leaves the entry unchecked
-    window.modes.mnuToolsRegion_Click();
+void TestPointerModes::regionEntryMirrorsTheZoneMode() {
+    ToolWindow window;
+    window.imgRegion.setAppearance(1); // as a paste does
     QVERIFY(window.mnuToolsRegion.isChecked());
-    QCOMPARE(window.imgRegion.Appearance(), 1);
-    window.mnuToolsRegion.setChecked(false);
-    window.modes.imgRegion_Click();
-    QCOMPARE(window.imgRegion.Appearance(), 0);
+    window.modes.mnuToolsRegion_Click();
     QVERIFY(!window.mnuToolsRegion.isChecked());
+    QCOMPARE(window.imgRegion.Appearance(), 0);
 }
 
 void TestPointerModes::pickerButtonToggles() {
-    Window window;
+    ToolWindow window;
     window.liftZone();
     window.modes.imgColorPicker_Click();
     QCOMPARE(window.imgColorPicker.Appearance(), 1);
@@ -227,7 +142,7 @@ void TestPointerModes::pickerButtonToggles() {
 }
 
 void TestPointerModes::pickerEntryIsThePickerButton() {
-    Window window;
+    ToolWindow window;
     window.modes.Mnu_Pipette_Click();
     QCOMPARE(window.imgColorPicker.Appearance(), 1);
     window.modes.Mnu_Pipette_Click();
@@ -235,7 +150,7 @@ void TestPointerModes::pickerEntryIsThePickerButton() {
 }
 
 void TestPointerModes::pickerNeedsAPicture() {
-    Window window;
+    ToolWindow window;
     window.work.ImageLoaded = false;
     window.modes.imgColorPicker_Click();
     QCOMPARE(window.imgColorPicker.Appearance(), 0);
@@ -280,7 +195,7 @@ void TestPointerModes::pointerShape() {
     QFETCH(Mode, mode);
     QFETCH(QPoint, at);
     QFETCH(int, pointer);
-    Window window;
+    ToolWindow window;
     if (mode == Mode::Zone)
         window.modes.imgRegion_Click();
     else if (mode != Mode::Normal)
@@ -293,7 +208,7 @@ void TestPointerModes::pointerShape() {
 
 void TestPointerModes::pointerIsSetBeforeAnythingElse() {
     // The shape of a step comes from where the block was before it.
-    Window window;
+    ToolWindow window;
     window.liftZone();
     window.press(30, 20);
     QCOMPARE(window.pointerAt(90, 70), MousePointer::Cross);
@@ -301,182 +216,10 @@ void TestPointerModes::pointerIsSetBeforeAnythingElse() {
     QCOMPARE(window.pointerAt(90, 70), MousePointer::Move);
 }
 
-void TestPointerModes::bandLiftsTheFramedBlock() {
-    Window window(grid({"yyyyyyyyyy", "yrgbyyyyyy", "ygbryyyyyy", "ybrgyyyyyy", "yyyyyyyyyy", "yyyyyyyyyy",
-                        "yyyyyyyyyy", "yyyyyyyyyy"}));
-    window.modes.imgRegion_Click();
-    window.drag(QPoint(1, 1), QPoint(3, 3));
-    QVERIFY(window.block.HasSelection);
-    QVERIFY(!window.block.MouseIsDown);
-    QCOMPARE(rowsOf(window.work.picRegion.Picture()), QStringList({"rgb", "gbr", "brg"}));
-    window.drag(QPoint(2, 2), QPoint(6, 5));
-    QCOMPARE(rowsOf(window.work.picDisp.Picture()),
-             QStringList({"yyyyyyyyyy", "y...yyyyyy", "y...yyyyyy", "y...yyyyyy", "yyyyyrgbyy", "yyyyygbryy",
-                          "yyyyybrgyy", "yyyyyyyyyy"}));
-}
-
-void TestPointerModes::rejectedBandStaysDrawn() {
-    Window window;
-    window.modes.imgRegion_Click();
-    for (const QPoint end : {QPoint(5, 5), QPoint(50, 31), QPoint(31, 50), QPoint(5, 60), QPoint(60, 5)}) {
-        window.drag(QPoint(30, 30), end);
-        QVERIFY(!window.block.HasSelection);
-        QVERIFY(window.work.picDisp.Image() != window.work.picDisp.Picture());
-        QVERIFY(window.block.SelX2 != 0 && window.block.SelY2 != 0);
-    }
-}
-
-void TestPointerModes::otherButtonsDoNotPress() {
-    Window window;
-    window.modes.imgRegion_Click();
-    window.moveTo(30, 30);
-    window.modes.picDisp_MouseDown(Qt::RightButton, QPoint(30, 30));
-    QVERIFY(!window.block.MouseIsDown);
-    window.moveTo(99, 30);
-    window.modes.picDisp_MouseDown(Qt::MiddleButton, QPoint(99, 30));
-    QVERIFY(!window.block.ResizingWidth);
-}
-
-void TestPointerModes::noBandOutsideZoneMode() {
-    Window window;
-    window.drag(QPoint(20, 10), QPoint(59, 39));
-    QVERIFY(!window.block.HasSelection);
-    QCOMPARE(window.block.SelX2, 0.F);
-    QCOMPARE(window.work.picDisp.Image(), window.work.picDisp.Picture());
-}
-
-void TestPointerModes::bandNeedsThePressedButton() {
-    Window window;
-    window.modes.imgRegion_Click();
-    window.moveTo(20, 10);
-    window.moveTo(59, 39);
-    QCOMPARE(window.block.SelX2, 0.F);
-    QCOMPARE(window.work.picDisp.Image(), window.work.picDisp.Picture());
-}
-
-void TestPointerModes::pressOnTheFrameGrabs_data() {
-    QTest::addColumn<QPoint>("at");
-    QTest::newRow("inside") << QPoint(30, 20);
-    QTest::newRow("upper left") << QPoint(20, 10);
-    QTest::newRow("lower right") << QPoint(59, 39);
-    QTest::newRow("left edge") << QPoint(20, 30);
-    QTest::newRow("lower edge") << QPoint(40, 39);
-}
-
-void TestPointerModes::pressOnTheFrameGrabs() {
-    QFETCH(QPoint, at);
-    Window window;
-    window.liftZone();
-    window.press(at.x(), at.y());
-    QVERIFY(window.block.HasSelection);
-    QVERIFY(window.block.MouseIsDown);
-    QCOMPARE(window.block.GrabDX, float(20 - at.x()));
-    QCOMPARE(window.block.GrabDY, float(10 - at.y()));
-    window.moveTo(at.x() + 7, at.y() - 3);
-    QCOMPARE(window.block.CurrX, 27.F);
-    QCOMPARE(window.block.CurrY, 7.F);
-}
-
-void TestPointerModes::pressBeyondTheFrameDrops_data() {
-    QTest::addColumn<QPoint>("at");
-    QTest::newRow("left") << QPoint(19, 20);
-    QTest::newRow("above") << QPoint(30, 9);
-    QTest::newRow("right") << QPoint(60, 20);
-    QTest::newRow("below") << QPoint(30, 40);
-    QTest::newRow("right edge of the picture") << QPoint(99, 40);
-}
-
-void TestPointerModes::pressBeyondTheFrameDrops() {
-    QFETCH(QPoint, at);
-    Window window;
-    window.liftZone();
-    const Raster before = window.work.picDisp.Picture();
-    window.press(at.x(), at.y());
-    QVERIFY(!window.block.HasSelection);
-    QVERIFY(!window.block.ResizingWidth);
-    QCOMPARE(window.work.picDisp.Image(), before);
-    QCOMPARE(window.work.picUndo.Picture(), before);
-    QVERIFY(!window.work.UndoAvailable);
-    QCOMPARE(window.imgRegion.Appearance(), 1);
-}
-
-void TestPointerModes::draggingStopsWithTheButton() {
-    Window window;
-    window.liftZone();
-    window.drag(QPoint(30, 20), QPoint(35, 22));
-    window.moveTo(70, 60);
-    QCOMPARE(window.block.CurrX, 25.F);
-    QCOMPARE(window.block.CurrY, 12.F);
-}
-
-void TestPointerModes::dropEndsTheGestureToo() {
-    Window window;
-    window.liftZone();
-    window.press(80, 60);
-    window.moveTo(90, 70);
-    QVERIFY(!window.block.MouseIsDown);
-    QCOMPARE(window.block.SelX2, 0.F);
-    QCOMPARE(window.work.picDisp.Image(), window.work.picDisp.Picture());
-}
-
-void TestPointerModes::releaseAfterADragChangesNothing() {
-    Window window;
-    window.liftZone();
-    window.press(30, 20);
-    window.moveTo(45, 30);
-    const Raster image = window.work.picDisp.Image();
-    const Raster region = window.work.picRegion.Picture();
-    window.modes.picDisp_MouseUp(QPoint(45, 30));
-    QVERIFY(window.block.HasSelection);
-    QVERIFY(!window.block.MouseIsDown);
-    QCOMPARE(window.work.picDisp.Image(), image);
-    QCOMPARE(window.work.picRegion.Picture(), region);
-}
-
-void TestPointerModes::bandScrollsTheView_data() {
-    QTest::addColumn<QPoint>("to");
-    QTest::addColumn<bool>("scrolls");
-    // The view shows 200 x 150 pixels from (100, 60) on.
-    QTest::newRow("inside") << QPoint(250, 150) << false;
-    QTest::newRow("just inside on the right") << QPoint(300, 150) << false;
-    QTest::newRow("beyond on the right") << QPoint(301, 150) << true;
-    QTest::newRow("just inside below") << QPoint(250, 210) << false;
-    QTest::newRow("beyond below") << QPoint(250, 211) << true;
-    QTest::newRow("just inside on the left") << QPoint(100, 150) << false;
-    QTest::newRow("beyond on the left") << QPoint(99, 150) << true;
-    QTest::newRow("just inside above") << QPoint(250, 60) << false;
-    QTest::newRow("beyond above") << QPoint(250, 59) << true;
-}
-
-void TestPointerModes::bandScrollsTheView() {
-    QFETCH(QPoint, to);
-    QFETCH(bool, scrolls);
-    Window window(QSize(600, 500), QSize(200, 150));
-    window.modes.imgRegion_Click();
-    window.view.HScroll1->setValue(100);
-    window.view.VScroll1->setValue(60);
-    window.press(200, 100);
-    QSignalSpy refreshed(&window.work.picDisp, &Surface::refreshed);
-    window.moveTo(to.x(), to.y());
-    const QPoint position(window.view.HScroll1->value(), window.view.VScroll1->value());
-    QCOMPARE(position != QPoint(100, 60), scrolls);
-    QCOMPARE(refreshed.count(), scrolls ? 1 : 0);
-}
-
-void TestPointerModes::blockDragDoesNotScroll() {
-    Window window(QSize(600, 500), QSize(200, 150));
-    window.liftZone();
-    window.press(30, 20);
-    window.moveTo(400, 300);
-    QCOMPARE(window.block.CurrX, 390.F);
-    QCOMPARE(window.view.HScroll1->value(), 0);
-    QCOMPARE(window.view.VScroll1->value(), 0);
-}
-
 void TestPointerModes::pickerChoosesOnRelease() {
     Raster picture(QSize(100, 80), White);
     picture.setPixel(12, 34, Red);
-    Window window(picture);
+    ToolWindow window(picture);
     QSignalSpy picked(&window.modes, &PointerModes::colourPicked);
     window.modes.imgColorPicker_Click();
     window.press(50, 50);
@@ -491,7 +234,7 @@ void TestPointerModes::pickerChoosesOnRelease() {
 }
 
 void TestPointerModes::pickerRemovesTheBand() {
-    Window window;
+    ToolWindow window;
     window.modes.imgRegion_Click();
     window.drag(QPoint(30, 30), QPoint(5, 5));
     window.modes.imgColorPicker_Click();
@@ -503,7 +246,7 @@ void TestPointerModes::pickerRemovesTheBand() {
 }
 
 void TestPointerModes::pickerWinsOverZoneMode() {
-    Window window;
+    ToolWindow window;
     window.modes.imgRegion_Click();
     window.modes.imgColorPicker_Click();
     window.drag(QPoint(20, 10), QPoint(59, 39));
@@ -515,7 +258,7 @@ void TestPointerModes::pickerWinsOverZoneMode() {
 }
 
 void TestPointerModes::pickBesideThePictureChoosesNothing() {
-    Window window;
+    ToolWindow window;
     QSignalSpy picked(&window.modes, &PointerModes::colourPicked);
     window.modes.imgColorPicker_Click();
     window.drag(QPoint(50, 50), QPoint(-1, 50));
@@ -523,147 +266,8 @@ void TestPointerModes::pickBesideThePictureChoosesNothing() {
     QCOMPARE(window.imgColorPicker.Appearance(), 0);
 }
 
-void TestPointerModes::rightEdgeFollowsTheMouse() {
-    Window window;
-    QSignalSpy shown(&window.work, &WorkPicture::imageSizeShown);
-    window.press(98, 40);
-    QVERIFY(window.block.ResizingWidth);
-    QVERIFY(!window.block.ResizingHeight);
-    window.moveTo(120, 60);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(122, 80));
-    QCOMPARE(window.work.ImageWidth, 122);
-    QVERIFY(window.work.ImageModified);
-    QCOMPARE(shown.last().first().toString(), QStringLiteral("L=122  H=80"));
-    window.moveTo(48, 10);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(50, 80));
-    QCOMPARE(shown.last().first().toString(), QStringLiteral("L=50  H=80"));
-    QCOMPARE(window.block.ResizeStartX, 48.F);
-}
-
-void TestPointerModes::bottomEdgeFollowsTheMouse() {
-    Window window;
-    QSignalSpy shown(&window.work, &WorkPicture::imageSizeShown);
-    window.press(50, 79);
-    QVERIFY(window.block.ResizingHeight);
-    QVERIFY(!window.block.ResizingWidth);
-    window.moveTo(60, 99);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(100, 100));
-    QCOMPARE(window.work.ImageHeight, 100);
-    QVERIFY(window.work.ImageModified);
-    QCOMPARE(shown.last().first().toString(), QStringLiteral("W=100  H=100"));
-    window.moveTo(10, 29);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(100, 30));
-    QCOMPARE(window.block.ResizeStartY, 29.F);
-}
-
-void TestPointerModes::rightEdgeWinsInTheCorner() {
-    Window window;
-    window.press(99, 79);
-    window.moveTo(109, 99);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(110, 80));
-}
-
-void TestPointerModes::sizersComeBeforeThePicker() {
-    Window window;
-    window.modes.imgRegion_Click();
-    window.modes.imgColorPicker_Click();
-    QSignalSpy picked(&window.modes, &PointerModes::colourPicked);
-    window.drag(QPoint(98, 40), QPoint(108, 40));
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(110, 80));
-    QCOMPARE(picked.count(), 0);
-    QCOMPARE(window.imgColorPicker.Appearance(), 0);
-}
-
-void TestPointerModes::edgeStopsAtOnePixelAndComesBack_data() {
-    QTest::addColumn<int>("border");
-    QTest::newRow("without border") << 0;
-    QTest::newRow("with border") << 2;
-}
-
-void TestPointerModes::edgeStopsAtOnePixelAndComesBack() {
-    QFETCH(int, border);
-    Window window;
-    window.work.picDisp.setBorder(border);
-    window.press(98, 40);
-    for (const int x : {1, -1, -70, -3})
-        window.moveTo(x, 40);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(1, 80));
-    QCOMPARE(window.work.ImageWidth, 1);
-    window.moveTo(60, 40);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(62, 80));
-    window.release(60, 40);
-    window.press(30, 79);
-    for (const int y : {-30, -900, 39})
-        window.moveTo(30, y);
-    QCOMPARE(window.work.picDisp.innerSize(), QSize(62, 40));
-}
-
-void TestPointerModes::edgeDragLetsTheWindowRepaint() {
-    Window window;
-    window.press(98, 40);
-    bool repainted = false;
-    QTimer::singleShot(0, this, [&] { repainted = true; });
-    QThread::msleep(20); // a frame is due
-    window.moveTo(120, 40);
-    QVERIFY(repainted);
-}
-
-void TestPointerModes::endOfAnEdgeDragRebuildsThePicture() {
-    Raster picture(QSize(100, 80), Red);
-    Window window(picture);
-    window.work.picDisp.setBackColor(rgb(0, 255, 255));
-    window.work.picUndo.setPicture(picture);
-    window.imgColorPicker.setAppearance(1);
-    window.drag(QPoint(98, 40), QPoint(103, 40));
-    Raster expected(QSize(105, 80), rgb(0, 255, 255));
-    expected.fill(QRect(0, 0, 100, 80), Red);
-    QVERIFY(!window.block.ResizingWidth);
-    QCOMPARE(window.imgColorPicker.Appearance(), 0);
-    QCOMPARE(window.work.picDisp.Picture(), expected);
-    QCOMPARE(window.work.picDisp.Image(), expected);
-    for (const Surface* companion : {&window.work.picSnap, &window.work.picUndo}) {
-        QCOMPARE(companion->innerSize(), QSize(105, 80));
-        QVERIFY(companion->Picture().isEmpty());
-        QCOMPARE(companion->Image(), Raster(QSize(105, 80), White));
-    }
-}
-
-void TestPointerModes::endOfAnEdgeDragRecomputesTheBars() {
-    Window window(QSize(100, 80), QSize(90, 60));
-    QCOMPARE(window.view.HScroll1->maximum(), 10);
-    window.press(98, 40);
-    window.moveTo(148, 40);
-    QCOMPARE(window.view.HScroll1->maximum(), 10);
-    window.release(148, 40);
-    QCOMPARE(window.view.HScroll1->maximum(), 60);
-}
-
-void TestPointerModes::endOfAnEdgeDragLosesTheUndo() {
-    Window window;
-    QSignalSpy lost(&window.modes, &PointerModes::undoLost);
-    window.drag(QPoint(50, 50), QPoint(60, 60));
-    QCOMPARE(lost.count(), 0);
-    window.drag(QPoint(50, 79), QPoint(50, 60));
-    QCOMPARE(lost.count(), 1);
-    QVERIFY(!window.block.ResizingHeight);
-}
-
-void TestPointerModes::widerPictureThanBarsCanScrollIsReported() {
-    Window window(QSize(32800, 4), QSize(100, 100));
-    QSignalSpy lost(&window.modes, &PointerModes::undoLost);
-    window.press(32799, 0);
-    window.moveTo(40000, 0);
-    window.dialogs.answer(Answer::Ok);
-    window.modes.picDisp_MouseUp(QPoint(40000, 0));
-    QCOMPARE(window.dialogs.messages.size(), 1);
-    QVERIFY(window.dialogs.messages.first().text.startsWith(QStringLiteral("picDisp_MouseUp")));
-    QVERIFY(window.dialogs.messages.first().text.contains(QLatin1Char('6')));
-    QVERIFY(!window.block.ResizingWidth);
-    QCOMPARE(lost.count(), 1);
-}
-
 void TestPointerModes::everyReleaseMarksThePictureModified() {
-    Window window;
+    ToolWindow window;
     QVERIFY(!window.work.ImageModified);
     window.press(50, 50);
     QVERIFY(!window.work.ImageModified);
@@ -672,7 +276,7 @@ void TestPointerModes::everyReleaseMarksThePictureModified() {
 }
 
 void TestPointerModes::releaseWithoutPictureDoesNothing() {
-    Window window;
+    ToolWindow window;
     window.modes.imgRegion_Click();
     window.press(20, 10);
     window.moveTo(59, 39);
@@ -684,7 +288,7 @@ void TestPointerModes::releaseWithoutPictureDoesNothing() {
 }
 
 void TestPointerModes::releaseOverTheSnapshotTakesTheUndo() {
-    Window window(Raster(QSize(100, 80), Red));
+    ToolWindow window(Raster(QSize(100, 80), Red));
     MousePointer meanwhile = MousePointer::Default;
     connect(&window.work.picUndo, &Surface::changed, this, [&] { meanwhile = screenMousePointer(); });
     Q_EMIT window.view.picSnap->mouseUp(Qt::LeftButton, QPoint(5, 5));
@@ -696,14 +300,14 @@ void TestPointerModes::releaseOverTheSnapshotTakesTheUndo() {
 }
 
 void TestPointerModes::releaseOverTheSnapshotNeedsAPicture() {
-    Window window;
+    ToolWindow window;
     window.work.ImageLoaded = false;
     window.modes.picSnap_MouseUp(QPoint(5, 5));
     QVERIFY(!window.work.UndoAvailable);
 }
 
 void TestPointerModes::mouseOfThePictureIsConnected() {
-    Window window;
+    ToolWindow window;
     window.modes.imgRegion_Click();
     PictureBox& mouse = *window.view.picDisp;
     Q_EMIT mouse.mouseMove(QPoint(20, 10));

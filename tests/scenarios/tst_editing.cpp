@@ -131,6 +131,8 @@ void TestEditing::pickerTakesOneColour() {
 
 void TestEditing::rightEdgeIsDragged() {
     Program program;
+    program.window.work().TakeUndoSnapshot();
+    program.window.mnuEdit_Click();
     program.play([&] {
         program.user.input.moveTo(program.at(399, 150));
         QCOMPARE(program.window.view().picDisp->cursor().shape(), Qt::SizeHorCursor);
@@ -138,6 +140,10 @@ void TestEditing::rightEdgeIsDragged() {
         QCOMPARE(program.window.work().picDisp.innerSize(), QSize(450, 300));
         QCOMPARE(program.label("lblImageSize"), QStringLiteral("L=450  H=300"));
         QCOMPARE(program.pixel(430, 100), White);
+        QCOMPARE(program.pixel(390, 100), Blue);
+        // The snapshot is gone, and with it every way to put an empty picture over this one.
+        QVERIFY(!program.window.findChild<QAbstractButton*>(QStringLiteral("CmdAnnul"))->isEnabled());
+        program.user.input.strike(Qt::CTRL | Qt::Key_Z);
         QCOMPARE(program.pixel(390, 100), Blue);
         program.user.input.drag(program.at(200, 299), program.at(200, 279));
         QCOMPARE(program.label("lblImageSize"), QStringLiteral("W=450  H=280"));
