@@ -12,13 +12,12 @@ option(OVRANO_SANITIZE "Compile with the address and undefined-behaviour sanitiz
 add_library(ovrano_options INTERFACE)
 target_compile_options(ovrano_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror -fno-math-errno)
+  -Woverloaded-virtual -Wdouble-promotion -Werror -fno-math-errno)
 target_compile_definitions(ovrano_options INTERFACE
   QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
 if(OVRANO_SANITIZE)
-  # -Wnull-dereference misfires on the checks that the sanitizers insert.
   target_compile_options(ovrano_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -Wno-null-dereference)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(ovrano_options INTERFACE -fsanitize=address,undefined)
 endif()
