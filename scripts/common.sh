@@ -27,10 +27,8 @@ is_installed() {
 as_root() {
     if ((EUID == 0)); then
         "$@"
-    elif command -v sudo >/dev/null; then
-        sudo "$@"
     else
-        fail "Packages must be installed as root and there is no sudo. Run as root: $*"
+        sudo "$@"
     fi
 }
 
@@ -45,6 +43,9 @@ install_packages() {
         is_installed "$name" || missing+=("$name")
     done
     ((${#missing[@]})) || return 0
+    if ((EUID != 0)) && ! command -v sudo >/dev/null; then
+        fail "Missing, and there is no sudo. As root: apt-get install --no-install-recommends ${missing[*]}"
+    fi
     say "installing ${missing[*]}"
     as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -1,14 +1,17 @@
 #include "app/mainwindow.h"
 
+#include "app/editmenu.h"
 #include "app/windowlayout.h"
 #include "platform/clipboard.h"
-#include "platform/errorreporter.h"
+#include "platform/runtimeerror.h"
 #include "ui/icons.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace ovrano {
 
@@ -26,17 +29,16 @@ QWidget* newContent(QMainWindow& window) {
 } // namespace
 
 MainWindow::MainWindow(Dialogs& dialogs)
-    : m_dialogs(dialogs)
-    , m_content(newContent(*this))
+    : m_content(newContent(*this))
     , m_menus(*this)
     , m_toolBox(new ToolBox(m_content))
-    , m_work(dialogs)
+    , m_work(dialogs, this)
     , m_view(m_work, m_content)
     , m_block(m_work)
     , m_pointer(m_work, m_view, m_block, *m_toolBox->imgRegion, *m_toolBox->imgColorPicker,
                 *m_menus.mnuToolsRegion, dialogs)
     , m_background(m_work, m_block, *m_toolBox->Command2, *m_toolBox->LblFond, dialogs)
-    , m_undo(m_work, m_view)
+    , m_undo(m_work, m_view, dialogs)
     , m_save(m_work, dialogs)
     , m_open(m_work, m_view, m_save, dialogs)
     , frafont(new StylePanel(m_work, dialogs, m_content))
@@ -45,7 +47,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
           new OneColourPanel(m_work, m_view, m_block, m_pointer, *frafont, *fraRotateAngle, m_content))
     , fraTextPanel(newTextPanel())
     , lblImageSize(newLabel("lblImageSize", QStringLiteral("L= H=")))
-    , lblFileSpec(newLabel("lblFileSpec", QString())) {
+    , lblFileSpec(new PathLabel(QStringLiteral("lblFileSpec"), m_content)) {
     setObjectName(QStringLiteral("frmPicText0"));
     setWindowTitle(QStringLiteral("Ovrano de création de texte 3D"));
     setMinimumSize(SmallestWindow);
@@ -84,7 +86,7 @@ void MainWindow::connectMenus() {
     m_menus.setCommand(m_menus.mnuFileSave, [this] { m_save.mnuFileSave_Click(); });
     m_menus.setCommand(m_menus.mnuFileExit, [this] { mnuFileExit_Click(); });
     m_menus.setCommand(m_menus.mnuEditUndo, [this] { m_undo.mnuEditUndo_Click(); });
-    m_menus.setCommanded(m_menus.mnuToolsRegion); // by m_pointer
+    m_menus.markConnected(m_menus.mnuToolsRegion); // by m_pointer
     m_menus.setCommand(m_menus.Mnu_Pipette, [this] { m_pointer.Mnu_Pipette_Click(); });
     m_menus.setCommand(m_menus.Mnu_ChoixCouleur, [this] { frafont->Mnu_ChoixCouleur_Click(); });
     m_menus.setCommand(m_menus.mnuTextWrite[0], [this] { mnuTextWrite_Click(0); });
@@ -92,13 +94,11 @@ void MainWindow::connectMenus() {
 
 void MainWindow::connectTextTools() {
     const auto focusPicture = [this] { m_view.picDisp->setFocus(); };
-    const auto releasePicker = [this] { m_pointer.releasePicker(); };
-    const auto lockBackground = [this] { m_background.setUsable(false); };
-    connect(frafont, &StylePanel::pickerReleased, this, releasePicker);
+    connect(frafont, &StylePanel::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(frafont, &StylePanel::pictureFocusRequested, this, focusPicture);
     connect(fra1Color3D, &OneColourPanel::pictureFocusRequested, this, focusPicture);
     connect(fra1Color3D, &OneColourPanel::editStateChanged, this, &MainWindow::mnuEdit_Click);
-    connect(fra1Color3D, &OneColourPanel::backgroundColourLocked, this, lockBackground);
+    connect(fra1Color3D, &OneColourPanel::backgroundColourLocked, &m_background, &BackgroundColour::lock);
     setToolIcon(*frafont->imgBold, QStringLiteral("bold"));
     setToolIcon(*frafont->imgItalic, QStringLiteral("italic"));
 }
@@ -109,8 +109,7 @@ void MainWindow::connectEditing() {
             [this] { m_pointer.imgColorPicker_Click(); });
     connect(&m_pointer, &PointerModes::colourPicked, this,
             [this](Colour colour) { frafont->DispDialogColor(colour); });
-    connect(&m_pointer, &PointerModes::backgroundColourLocked, this,
-            [this] { m_background.setUsable(false); });
+    connect(&m_pointer, &PointerModes::backgroundColourLocked, &m_background, &BackgroundColour::lock);
     connect(&m_pointer, &PointerModes::undoLost, this, &MainWindow::mnuEdit_Click);
 }
 
@@ -118,10 +117,11 @@ void MainWindow::connectDocument() {
     connect(m_toolBox->Command1, &QAbstractButton::clicked, this, [this] { Command1_Click(); });
     connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this, [this] { CmdAnnul_Click(); });
     connect(m_toolBox->cmdCancel, &QAbstractButton::clicked, this, [this] { cmdCancel_Click(); });
-    connect(&m_undo, &Undo::pickerReleased, this, [this] { m_pointer.releasePicker(); });
-    connect(&m_open, &FileOpen::pickerReleased, this, [this] { m_pointer.releasePicker(); });
+    connect(&m_undo, &Undo::pickerReleased, &m_pointer, &PointerModes::releasePicker);
+    connect(&m_open, &FileOpen::pickerReleased, &m_pointer, &PointerModes::releasePicker);
+    connect(&m_open, &FileOpen::pictureReplaced, &m_block, &LiftedBlock::forget);
     connect(&m_work, &WorkPicture::imageSizeShown, lblImageSize, &QLabel::setText);
-    connect(&m_work, &WorkPicture::fileNameShown, this, &MainWindow::showFileName);
+    connect(&m_work, &WorkPicture::fileNameShown, lblFileSpec, &QLabel::setText);
 }
 
 void MainWindow::Form_Load() {
@@ -150,9 +150,20 @@ void MainWindow::ArrangeMainWindow() {
     frafont->UpdateTextSample();
 }
 
+WindowDesign MainWindow::design() const {
+    const QString longest = QStringLiteral("L=99999  H=99999 ");
+    WindowDesign design;
+    design.panelHeight = std::max(design.panelHeight, fraTextPanel->minimumSizeHint().height());
+    design.toolBoxWidth =
+        std::max({design.toolBoxWidth, m_toolBox->minimumSizeHint().width(),
+                  lblImageSize->fontMetrics().horizontalAdvance(longest) - WindowDesign::Margin});
+    design.labelHeight = std::max(design.labelHeight, lblImageSize->sizeHint().height());
+    return design;
+}
+
 void MainWindow::layOut(QSize area) {
     const QSize bars(m_view.VScroll1->sizeHint().width(), m_view.HScroll1->sizeHint().height());
-    const WindowLayout layout = WindowLayout::arrange(area, bars);
+    const WindowLayout layout = WindowLayout::arrange(area, bars, design());
     fraTextPanel->setGeometry(layout.fraTextPanel);
     m_toolBox->setGeometry(layout.toolBox);
     m_view.picZ->setGeometry(layout.picZ);
@@ -160,13 +171,6 @@ void MainWindow::layOut(QSize area) {
     m_view.HScroll1->setGeometry(layout.HScroll1);
     lblImageSize->setGeometry(layout.lblImageSize);
     lblFileSpec->setGeometry(layout.lblFileSpec);
-    showFileName(m_fileName);
-}
-
-void MainWindow::showFileName(const QString& text) {
-    m_fileName = text;
-    lblFileSpec->setText(lblFileSpec->fontMetrics().elidedText(text, Qt::ElideMiddle, lblFileSpec->width()));
-    lblFileSpec->setToolTip(text);
 }
 
 void MainWindow::mnuFile_Click() {
@@ -174,16 +178,18 @@ void MainWindow::mnuFile_Click() {
 }
 
 void MainWindow::mnuEdit_Click() {
-    const bool loaded = m_work.ImageLoaded;
-    const bool pasteable = loaded && clipboardOffersPicture();
-    m_toolBox->CmdAnnul->setEnabled(m_work.UndoAvailable);
-    m_menus.setEnabled(m_menus.mnuEditUndo, m_work.UndoAvailable);
-    m_menus.setEnabled(m_menus.mnuEditCut, m_block.HasSelection && loaded);
-    m_menus.setEnabled(m_menus.mnuEditCopy, loaded);
+    const EditEntries enabled = EditEntries::enabledIn({.imageLoaded = m_work.ImageLoaded,
+                                                        .undoAvailable = m_work.UndoAvailable,
+                                                        .hasSelection = m_block.HasSelection,
+                                                        .clipboardOffersPicture = clipboardOffersPicture()});
+    m_toolBox->CmdAnnul->setEnabled(enabled.undo);
+    m_menus.setEnabled(m_menus.mnuEditUndo, enabled.undo);
+    m_menus.setEnabled(m_menus.mnuEditCut, enabled.cut);
+    m_menus.setEnabled(m_menus.mnuEditCopy, enabled.copy);
     for (QAction* entry : {m_menus.mnuEditPaste, m_menus.mnuEditPasteTransparent, m_menus.Mnu_ColleNouvIMG})
-        m_menus.setEnabled(entry, pasteable);
+        m_menus.setEnabled(entry, enabled.paste);
     for (QAction* entry : {m_menus.mnuEditPasteFromFile, m_menus.mnuEditPasteFromFileTransparent})
-        m_menus.setEnabled(entry, loaded);
+        m_menus.setEnabled(entry, enabled.pasteFromFile);
 }
 
 void MainWindow::mnuTools_Click() {
@@ -196,13 +202,14 @@ void MainWindow::mnuText_Click() {
 }
 
 void MainWindow::mnuTextWrite_Click(int Index) {
-    m_block.ClearSelection();
-    m_work.picDisp.Cls();
-    for (QWidget* frame : {static_cast<QWidget*>(fraRotateAngle), static_cast<QWidget*>(fra1Color3D),
-                           static_cast<QWidget*>(frafont)})
-        frame->show();
-    for (int i = 0; i < static_cast<int>(m_menus.mnuTextWrite.size()); ++i)
-        m_menus.mnuTextWrite.at(static_cast<std::size_t>(i))->setChecked(i == Index);
+    const bool inTheWindow = Index == 0; // the other two kinds of text have a dialog of their own
+    if (inTheWindow)
+        m_block.ClearSelection(); // which also clears what is drawn over the picture
+    for (QGroupBox* frame : {static_cast<QGroupBox*>(fraRotateAngle), static_cast<QGroupBox*>(fra1Color3D),
+                             static_cast<QGroupBox*>(frafont)})
+        frame->setVisible(inTheWindow);
+    for (std::size_t i = 0; i < m_menus.mnuTextWrite.size(); ++i)
+        m_menus.mnuTextWrite.at(i)->setChecked(static_cast<int>(i) == Index);
 }
 
 void MainWindow::mnuFileExit_Click() {
@@ -223,7 +230,7 @@ void MainWindow::cmdCancel_Click() {
 }
 
 bool MainWindow::Form_QueryUnload() {
-    return !m_work.ImageModified || m_save.confirmDiscard(QStringLiteral("Enregistrer l'image ?"));
+    return m_save.confirmDiscard(QStringLiteral("Enregistrer l'image ?"));
 }
 
 void MainWindow::showEvent(QShowEvent* event) {
@@ -235,18 +242,20 @@ void MainWindow::showEvent(QShowEvent* event) {
     mnuEdit_Click();
     frafont->txbWriteText->setFocus();
     // Where no window manager answers, the window keeps its size and no resize event will follow.
-    QTimer::singleShot(0, this, [this] {
-        QResizeEvent unchanged(size(), size());
-        resizeEvent(&unchanged);
-    });
+    QTimer::singleShot(0, this, &MainWindow::fitToWindow);
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    if (!m_arranged)
-        return;
+    if (m_arranged)
+        fitToWindow();
+}
+
+void MainWindow::fitToWindow() {
+    // The height is the whole window's, menu bar included, as the screen's is at the start.
     layOut(QSize(m_content->width(), height()));
-    trapErrors(m_dialogs, QStringLiteral("Form_Resize"), [this] { m_view.setScrollMax(); });
+    // A picture that overflows the bars was reported when it came; a window's edge may be dragged in peace.
+    skipOnError([this] { m_view.setScrollMax(); });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/menus.h"
+#include "app/pathlabel.h"
 #include "app/toolbox.h"
+#include "app/windowlayout.h"
 #include "document/fileopen.h"
 #include "document/filesave.h"
 #include "document/pictureview.h"
@@ -64,10 +66,10 @@ private:
     void connectTextTools();
     void connectEditing();
     void connectDocument();
+    WindowDesign design() const;
     void layOut(QSize area);
-    void showFileName(const QString& text);
+    void fitToWindow();
 
-    Dialogs& m_dialogs;
     bool FormLoading = false;
     bool m_arranged = false; // the second start-up stage has run
 
@@ -87,8 +89,7 @@ private:
     OneColourPanel* fra1Color3D;
     QFrame* fraTextPanel;
     QLabel* lblImageSize;
-    QLabel* lblFileSpec;
-    QString m_fileName; // what lblFileSpec shows, before it is shortened to fit
+    PathLabel* lblFileSpec;
 };
 
 } // namespace ovrano

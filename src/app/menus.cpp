@@ -1,5 +1,6 @@
 #include "app/menus.h"
 
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QShortcut>
 
@@ -71,11 +72,11 @@ void Menus::setRule(QMenu* menu, std::function<void()> rule) {
 }
 
 void Menus::setCommand(QAction* entry, std::function<void()> command) {
-    setCommanded(entry);
+    markConnected(entry);
     connect(entry, &QAction::triggered, this, [command = std::move(command)] { command(); });
 }
 
-void Menus::setCommanded(QAction* entry) {
+void Menus::markConnected(QAction* entry) {
     m_commanded.insert(entry);
     entry->setEnabled(true);
 }
@@ -106,6 +107,8 @@ QAction* Menus::newEntry(QMenu* menu, const char* name, const QString& caption,
 }
 
 void Menus::obeyKey(QMenu* menu, QAction* entry) {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        return; // a gesture is under way, and no command starts inside another
     if (const auto rule = m_rules.value(menu))
         rule();
     if (entry->isEnabled())

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QAction>
+#include <QHash>
 #include <QMainWindow>
 #include <QMenu>
+#include <QSet>
 
 #include <array>
 #include <functional>
@@ -46,7 +48,7 @@ public:
     void setRule(QMenu* menu, std::function<void()> rule);
     void setCommand(QAction* entry, std::function<void()> command);
     /// The entry has a command that is connected elsewhere.
-    void setCommanded(QAction* entry);
+    void markConnected(QAction* entry);
     /// Enables an entry that has a command.
     void setEnabled(QAction* entry, bool enabled);
 

@@ -4,19 +4,22 @@
 
 namespace ovrano {
 
-WindowLayout WindowLayout::arrange(QSize area, QSize bars) {
+WindowLayout WindowLayout::arrange(QSize area, QSize bars, const WindowDesign& design) {
     constexpr int LabelGap = 10;
+    constexpr int Margin = WindowDesign::Margin;
+    const int left = design.viewLeft();
+    const int top = design.viewTop();
     const int barHeight = std::max(0, area.height() - ReservedHeight - bars.height());
-    const int viewWidth = std::max(0, area.width() - ViewLeft - bars.width() - Margin);
+    const int viewWidth = std::max(0, area.width() - left - bars.width() - Margin);
     WindowLayout layout;
-    layout.fraTextPanel = QRect(Margin, 2, std::max(0, area.width() - 2 * Margin), PanelHeight);
-    layout.VScroll1 = QRect(area.width() - Margin - bars.width(), ViewTop, bars.width(), barHeight);
-    layout.picZ = QRect(ViewLeft, ViewTop, viewWidth, barHeight);
-    layout.toolBox = QRect(Margin, ViewTop, ViewLeft - 2 * Margin, barHeight);
-    layout.HScroll1 = QRect(ViewLeft, ViewTop + barHeight, viewWidth, bars.height());
+    layout.fraTextPanel = QRect(Margin, 2, std::max(0, area.width() - 2 * Margin), design.panelHeight);
+    layout.VScroll1 = QRect(area.width() - Margin - bars.width(), top, bars.width(), barHeight);
+    layout.picZ = QRect(left, top, viewWidth, barHeight);
+    layout.toolBox = QRect(Margin, top, design.toolBoxWidth, barHeight);
+    layout.HScroll1 = QRect(left, top + barHeight, viewWidth, bars.height());
     const int labelTop = layout.HScroll1.top() + bars.height() + LabelGap;
-    layout.lblImageSize = QRect(Margin, labelTop, ViewLeft - Margin, LabelHeight);
-    layout.lblFileSpec = QRect(ViewLeft, labelTop, viewWidth + bars.width(), LabelHeight);
+    layout.lblImageSize = QRect(Margin, labelTop, left - Margin, design.labelHeight);
+    layout.lblFileSpec = QRect(left, labelTop, viewWidth + bars.width(), design.labelHeight);
     return layout;
 }
 

@@ -5,8 +5,19 @@
 
 namespace ovrano {
 
-/// Where the main window's variable parts stand, in pixels of the window's content area (below the menu
-/// bar). The tool panel lies on top, the tool box at the left, the picture in the rest.
+/// The fixed measures of the main window in pixels. They are the least; large desktop fonts need more.
+struct WindowDesign {
+    static constexpr int Margin = 5;
+    int panelHeight = 138;
+    int toolBoxWidth = 118;
+    int labelHeight = 20;
+
+    int viewLeft() const { return toolBoxWidth + 2 * Margin; }
+    int viewTop() const { return panelHeight + 6; }
+};
+
+/// Where the main window's variable parts stand, in pixels from the upper-left corner of the content area
+/// (below the menu bar). The tool panel lies on top, the tool box at the left, the picture in the rest.
 struct WindowLayout {
     QRect fraTextPanel;
     QRect toolBox;
@@ -16,18 +27,13 @@ struct WindowLayout {
     QRect lblImageSize;
     QRect lblFileSpec;
 
-    // Design values.
-    static constexpr int Margin = 5;
-    static constexpr int PanelHeight = 138;
-    static constexpr int ViewLeft = 128;
-    static constexpr int ViewTop = 2 + PanelHeight + 4;
-    static constexpr int LabelHeight = 20;
     /// Height that the rest of a window takes up beside the picture and its horizontal bar.
     static constexpr int ReservedHeight = 200;
 
-    /// Arranges for a width and height W × H (of the screen at first, of the window afterwards).
+    /// Arranges for a width and height (the screen's at first, afterwards the content's width and the whole
+    /// window's height).
     /// `bars` holds the vertical bar's width and the horizontal bar's height.
-    static WindowLayout arrange(QSize area, QSize bars);
+    static WindowLayout arrange(QSize area, QSize bars, const WindowDesign& design);
 };
 
 } // namespace ovrano

@@ -3,11 +3,9 @@
 #include "document/bmpheader.h"
 #include "document/safefile.h"
 #include "platform/runtimeerror.h"
-
-#include <QtEndian>
+#include "platform/vectorised.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -15,9 +13,10 @@ namespace ovrano {
 
 namespace {
 
-/// What is packed and written in one go. About 20 rows of a photo: larger chunks leave the processor's cache,
-/// and packing the whole file first takes more than twice as long for the fresh memory alone.
-constexpr qint64 ChunkBytes = 256 * 1024;
+/// What is packed and written in one go. Every call costs the file system some microseconds, so smaller
+/// chunks are slower; larger ones leave the processor's cache, and a buffer for the whole file takes more
+/// than twice as long for its fresh memory alone.
+constexpr qsizetype ChunkBytes = 1'048'576;
 
 void requireFits(QSize size) {
     if (size.isEmpty())
@@ -28,42 +27,48 @@ void requireFits(QSize size) {
                            QStringLiteral("L'image est trop grande pour le format BMP (4 Go au plus)"));
 }
 
-void putWord(uchar*& out, quint32 word) {
-    const quint32 stored = qToLittleEndian(word);
-    std::memcpy(out, &stored, sizeof stored);
-    out += sizeof stored;
+/// Packs pixels 0xFFRRGGBB into bytes blue, green, red.
+OVRANO_VECTORISED void packRow(const QRgb* pixels, std::size_t count, uchar* out) {
+    for (std::size_t i = 0; i < count; ++i) {
+        out[3 * i] = static_cast<uchar>(pixels[i]);
+        out[3 * i + 1] = static_cast<uchar>(pixels[i] >> 8);
+        out[3 * i + 2] = static_cast<uchar>(pixels[i] >> 16);
+    }
 }
 
-/// Packs pixels 0xFFRRGGBB into bytes blue, green, red. Four pixels make three words; a byte at a time would
-/// take several times as long.
-void packRow(const QRgb* pixels, int count, uchar* out) {
-    constexpr QRgb Rgb = 0x00FFFFFF;
-    const QRgb* const end = pixels + count;
-    for (; end - pixels >= 4; pixels += 4) {
-        putWord(out, (pixels[0] & Rgb) | pixels[1] << 24);
-        putWord(out, (pixels[1] & Rgb) >> 8 | pixels[2] << 16);
-        putWord(out, (pixels[2] & Rgb) >> 16 | pixels[3] << 8);
-    }
-    for (; pixels < end; ++pixels) {
-        *out++ = static_cast<uchar>(qBlue(*pixels));
-        *out++ = static_cast<uchar>(qGreen(*pixels));
-        *out++ = static_cast<uchar>(qRed(*pixels));
-    }
+/// Has the processor fetch a row of a tile that will be needed soon. The rows of a tile are too short for it
+/// to see by itself how the reading goes on: a fifth of the time of a whole save.
+void fetchAhead(const QRgb* pixels, int count) {
+    constexpr int PixelsPerCacheLine = 64 / sizeof(QRgb);
+    for (int i = 0; i < count; i += PixelsPerCacheLine)
+        __builtin_prefetch(pixels + i);
+}
+
+/// Packs some rows, the lowest first.
+void packRows(const Raster& picture, const QRect& rows, qsizetype stride, uchar* out) {
+    constexpr int RowsAhead = 3;
+    picture.readTiles(rows, [&](const QImage& tile, const QRect& place) {
+        const auto rowOf = [&](int y) {
+            const uchar* row = tile.constScanLine(y % Raster::TileSide);
+            return reinterpret_cast<const QRgb*>(row) + place.left() % Raster::TileSide;
+        };
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            if (y + RowsAhead <= place.bottom())
+                fetchAhead(rowOf(y + RowsAhead), place.width());
+            uchar* row = out + (rows.bottom() - y) * stride;
+            packRow(rowOf(y), static_cast<std::size_t>(place.width()), row + qsizetype{place.left()} * 3);
+        }
+    });
 }
 
 void writeRows(const Raster& picture, SafeFile& file) {
-    const auto stride = static_cast<std::size_t>(bmp::stride(picture.width()));
-    const std::size_t rowsAtOnce = std::max<std::size_t>(1, ChunkBytes / stride);
-    std::vector<QRgb> row(static_cast<std::size_t>(picture.width()));
-    std::vector<uchar> chunk(rowsAtOnce * stride); // the filling at the end of each row stays 0
-    std::size_t rows = 0;
-    for (int y = picture.height() - 1; y >= 0; --y) {
-        picture.readRow(y, 0, picture.width(), row.data());
-        packRow(row.data(), picture.width(), chunk.data() + rows * stride);
-        if (++rows == rowsAtOnce || y == 0) {
-            file.write(chunk.data(), rows * stride);
-            rows = 0;
-        }
+    const qsizetype stride = bmp::stride(picture.width());
+    const int rowsAtOnce = std::max(1, static_cast<int>(ChunkBytes / stride));
+    std::vector<uchar> chunk(static_cast<std::size_t>(rowsAtOnce * stride)); // what fills rows up stays 0
+    for (int end = picture.height(); end > 0; end -= rowsAtOnce) {
+        const int first = std::max(0, end - rowsAtOnce);
+        packRows(picture, QRect(0, first, picture.width(), end - first), stride, chunk.data());
+        file.write(chunk.data(), static_cast<std::size_t>((end - first) * stride));
     }
 }
 

@@ -5,12 +5,10 @@
 
 #include <optional>
 
-namespace ovrano {
-
 /// The 54 bytes that lead a 24-bit Windows BMP file (a file header and a BITMAPINFOHEADER), and the layout
 /// of what follows: rows of 3 bytes a pixel in the order blue, green, red, each filled up to a multiple of
 /// four bytes, the lowest row first.
-namespace bmp {
+namespace ovrano::bmp {
 
 inline constexpr int HeaderBytes = 54;
 
@@ -30,6 +28,4 @@ QByteArray header(QSize size);
 /// The size that such a header announces; nothing when it is the header of another kind of file.
 std::optional<QSize> announcedSize(const QByteArray& header);
 
-} // namespace bmp
-
-} // namespace ovrano
+} // namespace ovrano::bmp

@@ -11,7 +11,7 @@ namespace ovrano {
 namespace {
 
 /// What is read in one go: enough to make the cost of a call vanish, little enough to stay in the cache.
-constexpr qint64 ChunkBytes = 256 * 1024;
+constexpr qint64 ChunkBytes = 262'144;
 
 QRgb pixelAt(const char* blueGreenRed) {
     const auto* bytes = reinterpret_cast<const uchar*>(blueGreenRed);

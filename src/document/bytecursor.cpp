@@ -4,7 +4,7 @@ namespace ovrano {
 
 namespace {
 
-constexpr qint64 BlockBytes = 64 * 1024;
+constexpr qint64 BlockBytes = 65'536;
 
 } // namespace
 

@@ -5,12 +5,6 @@
 
 namespace ovrano {
 
-namespace {
-
-constexpr int FileMustExist = 4096;
-
-} // namespace
-
 FileOpen::FileOpen(WorkPicture& work, PictureView& view, FileSave& save, Dialogs& dialogs, QObject* parent)
     : QObject(parent)
     , m_work(work)
@@ -35,7 +29,7 @@ void FileOpen::showOpenDialog() {
     CommonDialog1.Filter = QStringLiteral("Fichiers Images(BMP-GIF-JPEG|*.bmp;*.gif;*.jpg;*.jpeg|"
                                           "Tous les fichiers(*.*)|*.*|");
     CommonDialog1.FilterIndex = 1;
-    CommonDialog1.Flags = FileMustExist;
+    CommonDialog1.Flags = CommonDialog::OpenFileMustExist;
     CommonDialog1.FileName.clear();
     CommonDialog1.CancelError = true;
     CommonDialog1.ShowOpen();
@@ -51,6 +45,7 @@ void FileOpen::open(const QString& path) {
     m_view.setScrollMax();
     m_work.showImageSize();
     Q_EMIT pickerReleased();
+    Q_EMIT pictureReplaced();
     m_work.ImageLoaded = true;
     m_work.ImageModified = false;
 }
@@ -65,10 +60,8 @@ void FileOpen::load(const QString& path) {
 }
 
 void FileOpen::resetCompanions() {
-    for (Surface* companion : {&m_work.picSnap, &m_work.picUndo}) {
-        companion->setPicture(Raster());
-        takeSize(*companion, m_work.picDisp);
-    }
+    for (Surface* companion : {&m_work.picSnap, &m_work.picUndo})
+        emptyToSizeOf(*companion, m_work.picDisp);
     m_work.picRegion.setPicture(Raster());
     m_work.picMask.setPicture(Raster());
 }

@@ -22,6 +22,8 @@ public:
 Q_SIGNALS:
     /// The colour picker is to be left.
     void pickerReleased();
+    /// Whatever was framed or lifted belonged to the picture before.
+    void pictureReplaced();
 
 private:
     void showOpenDialog();

@@ -1,5 +1,7 @@
 #include "document/files.h"
 
+#include "platform/disksync.h"
+#include "platform/paths.h"
 #include "platform/runtimeerror.h"
 
 #include <QFileInfo>
@@ -34,7 +36,11 @@ void requireFolderOf(const std::filesystem::path& path) {
 } // namespace
 
 std::filesystem::path nativePath(const QString& path) {
-    return QFileInfo(path).filesystemFilePath();
+    try {
+        return QFileInfo(path).filesystemFilePath();
+    } catch (const std::system_error&) { // what was typed is no text that a file could be called
+        throw RuntimeError(error::BadFileName);
+    }
 }
 
 void openForReading(QFile& file) {
@@ -61,9 +67,19 @@ void requireWritable(const QString& path) {
         throw RuntimeError(error::PermissionDenied);
 }
 
+QString behindLinks(const QString& path) {
+    const QString file = QFileInfo(path).canonicalFilePath(); // empty when there is none
+    return file.isEmpty() ? path : file;
+}
+
 void renameOver(const QString& from, const QString& to) {
+    const QString target = behindLinks(to);
+    if (FileExists(target)) {
+        syncToDisk(from);
+        QFile::setPermissions(from, QFileInfo(target).permissions());
+    }
     std::error_code code;
-    std::filesystem::rename(nativePath(from), nativePath(to), code);
+    std::filesystem::rename(nativePath(from), nativePath(target), code);
     throwOn(code);
 }
 

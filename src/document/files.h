@@ -21,8 +21,13 @@ void openForReading(QFile& file);
 /// there is write-protected).
 void requireWritable(const QString& path);
 
+/// The file that a path leads to through links; the path itself where there is none.
+QString behindLinks(const QString& path);
+
 /// Gives a file another name in the same folder, in one step: what had that name before is gone only when the
-/// new file is in its place.
+/// new file is in its place, and completely on the disk. (The name alone could get there first, and a power
+/// failure in between would cost both. Where nothing is replaced nobody has to wait for the disk.) A link is
+/// followed, and the new file takes the permissions of the one that it replaces.
 void renameOver(const QString& from, const QString& to);
 
 void deleteFile(const QString& path);

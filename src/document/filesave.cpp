@@ -18,8 +18,6 @@ namespace {
 /// Rows of the save dialog's type list.
 enum FilterIndex { Bmp = 1, Jpeg100, Jpeg80, Jpeg50, JpegCustom, Gif };
 
-constexpr int AskBeforeOverwriting = 2;
-
 constexpr int LowestRatio = 20;
 constexpr int HighestRatio = 100;
 
@@ -96,9 +94,10 @@ void FileSave::mnuFileSave_Click() {
 void FileSave::showSaveDialog() {
     CommonDialog1.DialogTitle = QStringLiteral("Enregistrer l'image Sous...");
     CommonDialog1.Filter = typeList();
-    CommonDialog1.Flags = AskBeforeOverwriting;
+    CommonDialog1.Flags = CommonDialog::SaveAskBeforeOverwriting;
     CommonDialog1.CancelError = true;
-    CommonDialog1.FileName = m_work.CurrentFileName; // proposed: the file last opened or saved
+    CommonDialog1.FileName =
+        m_work.shownPath(); // not CurrentFileName, which may name a file that is no picture
     CommonDialog1.Target = targetOf;
     try {
         CommonDialog1.ShowSave();

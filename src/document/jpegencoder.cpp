@@ -56,7 +56,7 @@ bool JpegEncoder::encode(PixelRows& rows, int quality) {
     jpeg_start_compress(&m_codec, TRUE);
     while (m_codec.next_scanline < m_codec.image_height) {
         const auto* row = reinterpret_cast<const JSAMPLE*>(rows.row(static_cast<int>(m_codec.next_scanline)));
-        JSAMPROW line = const_cast<JSAMPROW>(row); // the library only reads it
+        auto* line = const_cast<JSAMPROW>(row); // the library only reads it
         jpeg_write_scanlines(&m_codec, &line, 1);
     }
     jpeg_finish_compress(&m_codec);

@@ -45,7 +45,7 @@ private:
     jpeg_destination_mgr m_destination = {};
     std::jmp_buf m_errorExit = {};
     std::exception_ptr m_failure;
-    std::array<JOCTET, 64 * 1024> m_buffer = {};
+    std::array<JOCTET, 65'536> m_buffer = {};
 };
 
 } // namespace ovrano

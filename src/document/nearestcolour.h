@@ -22,29 +22,26 @@ public:
     explicit NearestColour(std::span<const ColourPoint> colours);
 
     /// The place of the nearest colour; of equally near ones, the first.
-    std::uint8_t operator()(const ColourPoint& point) { return nearestOf(candidatesNear(point), point); }
+    std::uint8_t operator()(const ColourPoint& point);
 
-    /// The nearest of some of the colours.
-    std::uint8_t nearestOf(const Candidates& candidates, const ColourPoint& point) const;
+    /// The colours that can be the nearest to a point of a cube that crosses no multiple of CubeSide: those
+    /// no farther from it than the colour whose greatest distance to it is least. They stay valid until the
+    /// next call.
+    const Candidates& candidatesIn(const ColourPoint& lowestCorner, float side);
 
-    /// The colours that can be the nearest to a point of the cube with the given lowest corner: those no
-    /// farther from the cube than the colour whose greatest distance to the cube is least. The cube must not
-    /// cross the borders of the cubes with sides of CubeSide.
-    Candidates candidatesIn(const ColourPoint& corner, float side) {
-        return narrowed(candidatesNear(corner), corner, side);
-    }
-
-    static constexpr float CubeSide = 16;
+    static constexpr int CubeSide = 16;
 
 private:
-    static constexpr std::size_t CubesPerSide = 16;
+    static constexpr std::size_t CubesPerSide = 256 / CubeSide;
 
     const Candidates& candidatesNear(const ColourPoint& point);
-    Candidates narrowed(const Candidates& candidates, const ColourPoint& corner, float side) const;
+    void narrow(const Candidates& candidates, const ColourPoint& lowestCorner, float side,
+                Candidates& narrowed) const;
 
     std::vector<ColourPoint> m_colours;
     Candidates m_all;
     std::vector<Candidates> m_cubes; // empty until asked about
+    Candidates m_asked;
 };
 
 } // namespace ovrano

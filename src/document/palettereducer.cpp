@@ -19,7 +19,7 @@ namespace {
 constexpr int MaxDistinctColours = 32768;
 
 /// After this many passes the palette hardly moves any more.
-constexpr int RefinementPasses = 6;
+constexpr int RefinementPasses = 4;
 
 /// A colour whose squared distance to its palette colour is no greater is off by about one step a channel,
 /// which nobody sees.

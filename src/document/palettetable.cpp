@@ -1,31 +1,65 @@
 #include "document/palettetable.h"
 
+#include <array>
+#include <limits>
+
 namespace ovrano {
 
 namespace {
 
 constexpr std::size_t BlockSize = 64;
 
+/// Distances and indices of the nearest palette colours so far, for the 64 colours of a cube.
+struct Nearest {
+    std::array<int, BlockSize> distances;
+    std::array<int, BlockSize> indices;
+};
+
+/// Squared distances from a channel of a colour to the four levels from `level` on.
+std::array<int, 4> squaredSteps(int channel, int level) {
+    std::array<int, 4> steps;
+    for (int i = 0; i < 4; ++i)
+        steps[static_cast<std::size_t>(i)] = (channel - level - i) * (channel - level - i);
+    return steps;
+}
+
+void compare(Nearest& nearest, QRgb colour, int index, int red, int green, int blue) {
+    const auto reds = squaredSteps(qRed(colour), red);
+    const auto greens = squaredSteps(qGreen(colour), green);
+    const auto blues = squaredSteps(qBlue(colour), blue);
+    for (std::size_t place = 0; place < BlockSize; place += 4) {
+        const int redGreen = reds[place >> 4] + greens[place >> 2 & 3];
+        for (std::size_t i = 0; i < 4; ++i) {
+            const int distance = redGreen + blues[i];
+            const bool nearer = distance < nearest.distances[place + i];
+            nearest.distances[place + i] = nearer ? distance : nearest.distances[place + i];
+            nearest.indices[place + i] = nearer ? index : nearest.indices[place + i];
+        }
+    }
+}
+
 } // namespace
 
 PaletteTable::PaletteTable(const Palette& palette)
-    : m_nearest(toPoints(palette))
+    : m_palette(palette)
+    , m_nearest(toPoints(palette))
     , m_blocks(std::size_t{1} << 18, Unknown) {
     for (std::size_t index = 0; index < palette.size(); ++index)
         m_indices.insert(m_indices.end(), BlockSize, static_cast<std::uint8_t>(index));
 }
 
 std::uint32_t PaletteTable::blockOf(int red, int green, int blue) {
-    const ColourPoint corner = {float(red), float(green), float(blue)};
-    const NearestColour::Candidates candidates = m_nearest.candidatesIn(corner, 3);
+    const auto& candidates = m_nearest.candidatesIn({float(red), float(green), float(blue)}, 3);
     if (candidates.size() == 1)
         return candidates.front() * std::uint32_t{BlockSize};
-    const std::size_t block = m_indices.size();
-    for (std::size_t place = 0; place < BlockSize; ++place)
-        m_indices.push_back(
-            m_nearest.nearestOf(candidates, {corner[0] + float(place >> 4), corner[1] + float(place >> 2 & 3),
-                                             corner[2] + float(place & 3)}));
-    return static_cast<std::uint32_t>(block);
+    Nearest nearest;
+    nearest.distances.fill(std::numeric_limits<int>::max());
+    for (const std::uint8_t candidate : candidates)
+        compare(nearest, m_palette[candidate], candidate, red, green, blue);
+    const auto block = static_cast<std::uint32_t>(m_indices.size());
+    for (const int index : nearest.indices)
+        m_indices.push_back(static_cast<std::uint8_t>(index));
+    return block;
 }
 
 } // namespace ovrano

@@ -14,15 +14,15 @@ namespace ovrano {
 ///
 /// The upper six bits of the channels name a cube of 4 × 4 × 4 colours, the lower two a place in it. A cube
 /// that is asked about for the first time gets a block of 64 indices; where one palette colour is the nearest
-/// to all its colours, which is usual, it shares the block of that palette colour.
+/// to all its colours, as is often the case, it shares the block of that palette colour.
 class PaletteTable {
 public:
+    /// The palette must outlive the object.
     explicit PaletteTable(const Palette& palette);
 
     /// Channels from 0 to 255.
     std::uint8_t operator()(int red, int green, int blue) {
-        const std::size_t cube =
-            static_cast<std::size_t>((red & 0xFC) << 10 | (green & 0xFC) << 4 | blue >> 2);
+        const auto cube = static_cast<std::size_t>((red & 0xFC) << 10 | (green & 0xFC) << 4 | blue >> 2);
         if (m_blocks[cube] == Unknown)
             m_blocks[cube] = blockOf(red & 0xFC, green & 0xFC, blue & 0xFC);
         return m_indices[m_blocks[cube] +
@@ -34,6 +34,7 @@ private:
 
     std::uint32_t blockOf(int red, int green, int blue);
 
+    const Palette& m_palette;
     NearestColour m_nearest;
     std::vector<std::uint32_t> m_blocks; // where a cube's block begins
     std::vector<std::uint8_t> m_indices; // the blocks, first one for each palette colour

@@ -85,7 +85,7 @@ bool skipGifBlocks(ByteCursor& cursor) {
 void skipGifColours(ByteCursor& cursor, int flags) {
     constexpr int HasTable = 0x80;
     if (flags != ByteCursor::End && (flags & HasTable))
-        cursor.skip(3 * (2 << (flags & 7)));
+        cursor.skip(qint64{3} * (2 << (flags & 7)));
 }
 
 bool gifIsWhole(QIODevice& device) {

@@ -56,6 +56,8 @@ QImage opaque(QImage image) {
     if (!image.hasAlphaChannel())
         return image;
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        throw RuntimeError(error::OutOfMemory);
     for (int y = 0; y < image.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
         for (QRgb* pixel = row; pixel < row + image.width(); ++pixel)
@@ -66,7 +68,7 @@ QImage opaque(QImage image) {
 }
 
 QByteArray formatOf(QIODevice& device) {
-    const QByteArray format = QImageReader::imageFormat(&device);
+    QByteArray format = QImageReader::imageFormat(&device);
     if (!QByteArrayList({"bmp", "gif", "jpeg", "png"}).contains(format))
         throw RuntimeError(error::InvalidPicture);
     return format;

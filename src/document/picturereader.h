@@ -22,6 +22,6 @@ Raster decodePicture(const QByteArray& content);
 
 /// The largest picture that is opened, 1 GB in memory: more than the scans that are in use, and just what the
 /// BMP decoder takes, so that a picture that was opened as JPEG can be saved as BMP and opened again.
-inline constexpr qint64 MaxPicturePixels = 16'384 * 16'384;
+inline constexpr qint64 MaxPicturePixels = qint64{16'384} * 16'384;
 
 } // namespace ovrano

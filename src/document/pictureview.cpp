@@ -1,6 +1,7 @@
 #include "document/pictureview.h"
 
 #include "platform/numbers.h"
+#include "platform/runtimeerror.h"
 
 #include <QWheelEvent>
 
@@ -33,9 +34,12 @@ QFrame* newViewport(QWidget* parent) {
     return frame;
 }
 
+ScrollRange rangeOf(const QScrollBar& bar) {
+    return {toInteger16(bar.maximum()), bar.singleStep(), bar.pageStep()};
+}
+
 void applyRange(QScrollBar& bar, double picture, double viewport) {
-    const ScrollRange before{toInteger16(bar.maximum()), bar.singleStep(), bar.pageStep()};
-    const ScrollRange range = scrollRange(picture, viewport, before);
+    const ScrollRange range = scrollRange(picture, viewport, rangeOf(bar));
     bar.setSingleStep(range.SmallChange);
     bar.setPageStep(range.LargeChange);
     bar.setMaximum(range.Max);
@@ -80,16 +84,23 @@ PictureView::PictureView(WorkPicture& work, QWidget* parent)
     , m_work(work) {
     picSnap->hide();
     picZ->installEventFilter(this);
-    connect(HScroll1, &QScrollBar::valueChanged, this, &PictureView::HScroll1_Change);
-    connect(HScroll1, &QScrollBar::sliderMoved, this, &PictureView::HScroll1_Scroll);
-    connect(VScroll1, &QScrollBar::valueChanged, this, &PictureView::VScroll1_Change);
-    connect(VScroll1, &QScrollBar::sliderMoved, this, &PictureView::VScroll1_Scroll);
+    connect(HScroll1, &QScrollBar::valueChanged, this,
+            [this] { HScroll1->isSliderDown() ? HScroll1_Scroll() : HScroll1_Change(); });
+    connect(VScroll1, &QScrollBar::valueChanged, this,
+            [this] { VScroll1->isSliderDown() ? VScroll1_Scroll() : VScroll1_Change(); });
 }
 
 void PictureView::setScrollMax() {
     const QSize visible = viewportSize();
-    applyRange(*HScroll1, m_work.picDisp.ScaleWidth(), visible.width());
-    applyRange(*VScroll1, m_work.picDisp.ScaleHeight(), visible.height());
+    // An overflow on one axis must not leave the other one without its range.
+    const auto vertically = [&] { applyRange(*VScroll1, m_work.picDisp.ScaleHeight(), visible.height()); };
+    try {
+        applyRange(*HScroll1, m_work.picDisp.ScaleWidth(), visible.width());
+    } catch (const RuntimeError&) {
+        skipOnError(vertically);
+        throw;
+    }
+    vertically();
 }
 
 void PictureView::scrollHome() {

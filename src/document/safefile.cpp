@@ -3,6 +3,9 @@
 #include "document/files.h"
 #include "platform/runtimeerror.h"
 
+#include <QFileInfo>
+#include <QRandomGenerator>
+
 #include <cerrno>
 
 namespace ovrano {
@@ -18,12 +21,26 @@ void require(Operation&& operation) {
         throw RuntimeError::fromErrno(errno);
 }
 
+/// Short, since the name of the file itself may be as long as the system allows.
+QString nameBeside(const QString& path) {
+    const quint32 number = QRandomGenerator::system()->generate();
+    return QFileInfo(path).path() + QStringLiteral("/.ovrano-%1").arg(number, 8, 16, QLatin1Char('0'));
+}
+
 } // namespace
 
 SafeFile::SafeFile(const QString& path)
-    : m_file(path) {
-    requireWritable(path);
-    require([this] { return m_file.open(QIODevice::WriteOnly); });
+    : m_path(behindLinks(path))
+    , m_file(nameBeside(m_path)) {
+    requireWritable(m_path);
+    require([this] { return m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly); });
+}
+
+SafeFile::~SafeFile() {
+    if (m_committed)
+        return;
+    m_file.close(); // QFile's own remove() gives up when what is left of the buffer cannot be written
+    QFile::remove(m_file.fileName());
 }
 
 void SafeFile::write(const void* bytes, std::size_t count) {
@@ -39,7 +56,9 @@ void SafeFile::write(const void* bytes, std::size_t count) {
 
 void SafeFile::commit() {
     require([this] { return m_file.flush(); });
-    require([this] { return m_file.commit(); });
+    require([this] { return m_file.close(), m_file.error() == QFileDevice::NoError; });
+    renameOver(m_file.fileName(), m_path);
+    m_committed = true;
 }
 
 } // namespace ovrano

@@ -31,7 +31,7 @@ QString freeNameBeside(const QString& path, const QString& target) {
     for (int number = 1;; ++number) {
         const QString name =
             QStringLiteral("%1 (%2).%3").arg(file.completeBaseName(), QString::number(number), file.suffix());
-        const QString candidate = file.dir().filePath(name);
+        QString candidate = file.dir().filePath(name);
         if (!isTaken(candidate) && !mayBeSameName(candidate, target))
             return candidate;
     }

@@ -1,17 +1,22 @@
 #include "document/undo.h"
 
+#include "platform/errorreporter.h"
+
 namespace ovrano {
 
-Undo::Undo(WorkPicture& work, PictureView& view, QObject* parent)
+Undo::Undo(WorkPicture& work, PictureView& view, Dialogs& dialogs, QObject* parent)
     : QObject(parent)
     , m_work(work)
-    , m_view(view) {}
+    , m_view(view)
+    , m_dialogs(dialogs) {}
 
 void Undo::mnuEditUndo_Click() {
-    if (m_work.picDisp.innerSize() != m_work.picUndo.innerSize()) {
-        m_work.picDisp.setPicture(Raster());
-        takeSize(m_work.picDisp, m_work.picUndo);
-    }
+    trapErrors(m_dialogs, QStringLiteral("mnuEditUndo_Click"), [this] { putBack(); });
+}
+
+void Undo::putBack() {
+    if (m_work.picDisp.innerSize() != m_work.picUndo.innerSize())
+        emptyToSizeOf(m_work.picDisp, m_work.picUndo);
     m_work.BitbltPic(m_work.picUndo, m_work.picDisp);
     Q_EMIT pickerReleased();
     m_view.scrollHome();

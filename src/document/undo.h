@@ -12,7 +12,7 @@ class Undo : public QObject {
     Q_OBJECT
 
 public:
-    Undo(WorkPicture& work, PictureView& view, QObject* parent = nullptr);
+    Undo(WorkPicture& work, PictureView& view, Dialogs& dialogs, QObject* parent = nullptr);
 
     void mnuEditUndo_Click();
 
@@ -21,8 +21,11 @@ Q_SIGNALS:
     void pickerReleased();
 
 private:
+    void putBack();
+
     WorkPicture& m_work;
     PictureView& m_view;
+    Dialogs& m_dialogs;
 };
 
 } // namespace ovrano

@@ -3,30 +3,26 @@
 #include "platform/errorreporter.h"
 #include "platform/numbers.h"
 
-#include <new>
+#include <QFileInfo>
 
 namespace ovrano {
 
-namespace {
+WorkPicture::WorkPicture(Dialogs& dialogs, QObject* parent)
+    : QObject(parent)
+    , picDisp(QStringLiteral("picDisp"), InitialSize, this)
+    , picUndo(QStringLiteral("picUndo"), QSize(0, 0), this)
+    , picSnap(QStringLiteral("picSnap"), QSize(0, 0), this)
+    , picAuto(QStringLiteral("picAuto"), QSize(0, 0), this)
+    , picTemp(QStringLiteral("picTemp"), QSize(0, 0), this)
+    , picRegion(QStringLiteral("picRegion"), QSize(0, 0), this)
+    , picMask(QStringLiteral("picMask"), QSize(0, 0), this)
+    , m_dialogs(dialogs) {}
 
-void copyWhole(const Surface& src, Surface& dst) {
+void WorkPicture::copyWhole(const Surface& src, Surface& dst) {
     dst.setPicture(Raster());
     dst.copyFrom(src, QRect(QPoint(0, 0), src.innerSize()), QPoint(0, 0));
     dst.commit();
 }
-
-} // namespace
-
-WorkPicture::WorkPicture(Dialogs& dialogs, QObject* parent)
-    : QObject(parent)
-    , picDisp(QStringLiteral("picDisp"), InitialSize)
-    , picUndo(QStringLiteral("picUndo"))
-    , picSnap(QStringLiteral("picSnap"))
-    , picAuto(QStringLiteral("picAuto"))
-    , picTemp(QStringLiteral("picTemp"))
-    , picRegion(QStringLiteral("picRegion"))
-    , picMask(QStringLiteral("picMask"))
-    , m_dialogs(dialogs) {}
 
 bool WorkPicture::BitbltPic(const Surface& src, Surface& dst) {
     bool copied = false;
@@ -39,10 +35,8 @@ bool WorkPicture::BitbltPic(const Surface& src, Surface& dst) {
 
 void WorkPicture::TakeUndoSnapshot() {
     picDisp.Refresh();
-    if (picDisp.innerSize() != picUndo.innerSize()) {
-        picUndo.setPicture(Raster());
-        takeSize(picUndo, picDisp);
-    }
+    if (picDisp.innerSize() != picUndo.innerSize())
+        emptyToSizeOf(picUndo, picDisp);
     BitbltPic(picDisp, picUndo);
     UndoAvailable = true;
 }
@@ -56,9 +50,23 @@ void WorkPicture::showImageSize(QChar widthLetter) {
     Q_EMIT imageSizeShown(QStringLiteral("%1=%2  H=%3").arg(widthLetter).arg(ImageWidth).arg(ImageHeight));
 }
 
+void WorkPicture::showFileName(const QString& text) {
+    m_shownFileName = text;
+    Q_EMIT fileNameShown(text);
+}
+
+QString WorkPicture::shownPath() const {
+    return QFileInfo(m_shownFileName).isAbsolute() ? m_shownFileName : QString();
+}
+
 void takeSize(Surface& dst, const Surface& src) {
     dst.setWidth(src.Width());
     dst.setHeight(src.Height());
+}
+
+void emptyToSizeOf(Surface& dst, const Surface& src) {
+    dst.setPicture(Raster());
+    takeSize(dst, src);
 }
 
 void setClientSize(Surface& surface, int width, int height) {

@@ -47,18 +47,28 @@ public:
     void readImageSize();
     /// Announces the size as "L=640  H=480", or with another letter for the width.
     void showImageSize(QChar widthLetter = u'L');
-    void showFileName(const QString& text) { Q_EMIT fileNameShown(text); }
+    void showFileName(const QString& text);
+    /// The path of the picture's file; empty when there is none yet.
+    QString shownPath() const;
 
 Q_SIGNALS:
     void imageSizeShown(const QString& text);
     void fileNameShown(const QString& text);
 
+protected:
+    /// The copy itself; throws RuntimeError where it fails.
+    virtual void copyWhole(const Surface& src, Surface& dst);
+
 private:
     Dialogs& m_dialogs;
+    QString m_shownFileName;
 };
 
 /// Gives dst the outer size of src.
 void takeSize(Surface& dst, const Surface& src);
+
+/// Empties dst and gives it the outer size of src.
+void emptyToSizeOf(Surface& dst, const Surface& src);
 
 /// Gives a surface an inner size through its outer one, so that its border stays.
 void setClientSize(Surface& surface, int width, int height);

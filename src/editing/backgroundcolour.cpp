@@ -1,14 +1,8 @@
 #include "editing/backgroundcolour.h"
 
-#include "platform/runtimeerror.h"
+#include "platform/errorreporter.h"
 
 namespace ovrano {
-
-namespace {
-
-constexpr int FullDialogWithPreset = 3;
-
-} // namespace
 
 BackgroundColour::BackgroundColour(WorkPicture& work, LiftedBlock& block, QAbstractButton& button,
                                    ColourBox& label, Dialogs& dialogs, QObject* parent)
@@ -17,14 +11,15 @@ BackgroundColour::BackgroundColour(WorkPicture& work, LiftedBlock& block, QAbstr
     , m_block(block)
     , Command2(button)
     , LblFond(label)
+    , m_dialogs(dialogs)
     , CommonDialog1(dialogs) {
     connect(&Command2, &QAbstractButton::clicked, this, &BackgroundColour::Command2_Click);
 }
 
 void BackgroundColour::Command2_Click() {
-    skipOnError([this] {
+    trapErrors(m_dialogs, QStringLiteral("Command2_Click"), [this] {
         CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = FullDialogWithPreset;
+        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
         CommonDialog1.Color = LblFond.BackColor();
         CommonDialog1.ShowColor();
         apply(CommonDialog1.Color);
@@ -39,7 +34,6 @@ void BackgroundColour::setUsable(bool usable) {
 void BackgroundColour::apply(Colour colour) {
     LblFond.setBackColor(colour);
     for (Surface* surface : {&m_work.picDisp, &m_work.picSnap, &m_work.picMask}) {
-        surface->Cls();
         surface->setBackColor(colour);
         surface->Refresh();
     }

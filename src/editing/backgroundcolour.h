@@ -23,6 +23,7 @@ public:
 
     /// The button and its label can be used only while no tool holds the picture's background.
     void setUsable(bool usable);
+    void lock() { setUsable(false); }
 
 private:
     void apply(Colour colour);
@@ -31,6 +32,7 @@ private:
     LiftedBlock& m_block;
     QAbstractButton& Command2;
     ColourBox& LblFond;
+    Dialogs& m_dialogs;
     CommonDialog CommonDialog1;
 };
 

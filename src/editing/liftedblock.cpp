@@ -37,10 +37,14 @@ void LiftedBlock::SetPrevAndCurrValues(float x, float y) {
 
 void LiftedBlock::ClearSelection() {
     m_work.UndoAvailable = false;
+    forget();
+    m_work.picDisp.Cls();
+}
+
+void LiftedBlock::forget() {
     MouseIsDown = HasSelection = BlockFromPaste = false;
     ResizingWidth = ResizingHeight = false;
     SelX1 = SelX2 = SelY1 = SelY2 = 0;
-    m_work.picDisp.Cls();
 }
 
 void LiftedBlock::NormaliseSelection() {
@@ -116,6 +120,18 @@ bool LiftedBlock::encloses(QPoint point) const {
     return x > SelX1 && x < SelX2 && y > SelY1 && y < SelY2;
 }
 
+void LiftedBlock::takeRightEdge(int x) {
+    ResizingWidth = true;
+    ResizingHeight = false;
+    ResizeStartX = float(x);
+}
+
+void LiftedBlock::takeBottomEdge(int y) {
+    ResizingHeight = true;
+    ResizingWidth = false;
+    ResizeStartY = float(y);
+}
+
 void LiftedBlock::grab(QPoint mouse) {
     GrabDX = CurrX - float(mouse.x());
     GrabDY = CurrY - float(mouse.y());
@@ -131,6 +147,7 @@ void LiftedBlock::dragTo(QPoint mouse) {
     CurrY = clamp(GrabDY + float(mouse.y()), MinLeft, MaxTop);
     SelX1 = CurrX;
     SelY1 = CurrY;
+    // From here on the frame stands one pixel outside the block at the right and below, on purpose.
     SelX2 = float(m_work.picRegion.ScaleWidth()) + SelX1;
     SelY2 = float(m_work.picRegion.ScaleHeight()) + SelY1;
     ComposeRegion();

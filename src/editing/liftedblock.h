@@ -27,6 +27,7 @@ public:
     bool TransparentPaste = false;                          // it is composed through picMask
     bool BlockFromPaste = false;                            // it came from a paste
     bool ResizingWidth = false, ResizingHeight = false;     // an edge of the picture is being dragged
+    /// Where the mouse has taken the edge to: its last position, but never beyond the smallest picture.
     float ResizeStartX = 0, ResizeStartY = 0;
 
     /// Lets the moved surface hang over each edge of its container by a percentage of its own size.
@@ -35,6 +36,8 @@ public:
     /// Forgets the rectangle and its flags (and that there is something to undo) and removes whatever was
     /// drawn over the committed picture.
     void ClearSelection();
+    /// The same for the rectangle and its flags alone: another picture has come.
+    void forget();
     void NormaliseSelection();
     /// Inverts a dotted frame along the rectangle: a second call at the same place erases it.
     void DrawSelectionFrame();
@@ -50,6 +53,9 @@ public:
     bool encloses(QPoint point) const;
     /// Keeps a point of the block under the mouse from now on.
     void grab(QPoint mouse);
+    /// Starts an edge drag at a mouse position.
+    void takeRightEdge(int x);
+    void takeBottomEdge(int y);
     /// Moves the block so that the point it was grabbed at follows the mouse, as far as the leeway goes.
     void dragTo(QPoint mouse);
     /// Leaves the block where it stands. It has been committed with its last step already.

@@ -98,14 +98,12 @@ void PointerModes::picDisp_MouseDown(Qt::MouseButton button, QPoint at) {
 
 void PointerModes::press(QPoint at) {
     const MousePointer pointer = m_view.picDisp->pointer();
-    if (pointer == MousePointer::SizeWE || pointer == MousePointer::SizeNS) {
-        m_block.ResizingWidth = pointer == MousePointer::SizeWE;
-        m_block.ResizingHeight = !m_block.ResizingWidth;
-        (m_block.ResizingWidth ? m_block.ResizeStartX : m_block.ResizeStartY) =
-            float(m_block.ResizingWidth ? at.x() : at.y());
-    } else if (!imgColorPicker.isOn() && imgRegion.isOn()) {
+    if (pointer == MousePointer::SizeWE)
+        m_block.takeRightEdge(at.x());
+    else if (pointer == MousePointer::SizeNS)
+        m_block.takeBottomEdge(at.y());
+    else if (!imgColorPicker.isOn() && imgRegion.isOn())
         pressInZoneMode(at);
-    }
 }
 
 void PointerModes::pressInZoneMode(QPoint at) {
@@ -136,12 +134,9 @@ void PointerModes::dragRightEdge(int x) {
     Surface& picDisp = m_work.picDisp;
     const int before = picDisp.Width();
     picDisp.setWidth(draggedSide(before, picDisp.innerSize().width(), x - double(m_block.ResizeStartX)));
-    // By what the edge really moved, so that it meets the mouse again when that comes back from beyond.
     m_block.ResizeStartX += float(picDisp.Width() - before);
-    m_work.ImageModified = true;
     m_work.ImageWidth = toInteger32(picDisp.ScaleWidth());
-    m_work.showImageSize();
-    m_yield();
+    edgeDragged(u'L');
 }
 
 void PointerModes::dragBottomEdge(int y) {
@@ -149,9 +144,13 @@ void PointerModes::dragBottomEdge(int y) {
     const int before = picDisp.Height();
     picDisp.setHeight(draggedSide(before, picDisp.innerSize().height(), y - double(m_block.ResizeStartY)));
     m_block.ResizeStartY += float(picDisp.Height() - before);
-    m_work.ImageModified = true;
     m_work.ImageHeight = toInteger32(picDisp.ScaleHeight());
-    m_work.showImageSize(u'W');
+    edgeDragged(u'W'); // the two edges name the width differently, on purpose
+}
+
+void PointerModes::edgeDragged(QChar widthLetter) {
+    m_work.ImageModified = true;
+    m_work.showImageSize(widthLetter);
     m_yield();
 }
 
@@ -196,18 +195,17 @@ void PointerModes::pickColour(QPoint at) {
 void PointerModes::endEdgeDrag() {
     Surface& picDisp = m_work.picDisp;
     Surface& picSnap = m_work.picSnap;
+    picDisp.Cls(); // a frame is only drawn over the picture and must not become part of it
     m_block.ResizingWidth = m_block.ResizingHeight = false;
     releasePicker();
-    for (Surface* companion : {&picSnap, &m_work.picUndo}) {
-        companion->setPicture(Raster());
-        takeSize(*companion, picDisp);
-    }
+    for (Surface* companion : {&picSnap, &m_work.picUndo})
+        emptyToSizeOf(*companion, picDisp);
     m_work.BitbltPic(picDisp, picSnap);
     picDisp.setPicture(Raster());
     m_work.BitbltPic(picSnap, picDisp);
     picSnap.setPicture(Raster());
     m_work.UndoAvailable = false; // the snapshot is gone: putting it back would blank the picture
-    Q_EMIT undoLost(); // before what may fail: a picture too large to be scrolled
+    Q_EMIT undoLost();            // before what may fail: a picture too large to be scrolled
     m_view.setScrollMax();
 }
 

@@ -18,8 +18,8 @@ class PointerModes : public QObject {
     Q_OBJECT
 
 public:
-    /// Connects itself to the mouse of the view's picture and to the entry, which becomes checkable. The
-    /// buttons and the entry belong to the window, which connects the buttons' clicks.
+    /// Connects itself to the mouse of the view's pictures (shown and hidden) and to the entry, which becomes
+    /// checkable. The buttons and the entry belong to the window, which connects the buttons' clicks.
     PointerModes(WorkPicture& work, PictureView& view, LiftedBlock& block, ImageButton& regionButton,
                  ImageButton& pickerButton, QAction& regionEntry, Dialogs& dialogs,
                  QObject* parent = nullptr);
@@ -66,6 +66,7 @@ private:
     void release(QPoint at);
     void dragRightEdge(int x);
     void dragBottomEdge(int y);
+    void edgeDragged(QChar widthLetter);
     void endEdgeDrag();
     void pickColour(QPoint at);
 

@@ -1,8 +1,8 @@
 #include "platform/clipboard.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
-#include <QImageReader>
 #include <QMimeData>
 #include <QUrl>
 
@@ -16,11 +16,14 @@ const QStringList RasterTypes = {QStringLiteral("image/png"), QStringLiteral("im
                                  QStringLiteral("image/x-bmp"), QStringLiteral("image/x-MS-bmp"),
                                  QStringLiteral("image/jpeg")};
 
-/// A file copied in a file manager, when it is a picture.
+/// A file copied in a file manager, when its name is a picture's. The file itself is not touched: it may be
+/// a pipe or lie on a network that does not answer.
 bool isPictureFile(const QMimeData& data) {
+    static const QStringList suffixes = {QStringLiteral("bmp"), QStringLiteral("gif"), QStringLiteral("jpg"),
+                                         QStringLiteral("jpeg"), QStringLiteral("png")};
     const QList<QUrl> urls = data.urls();
     return urls.size() == 1 && urls.first().isLocalFile() &&
-           !QImageReader::imageFormat(urls.first().toLocalFile()).isEmpty();
+           suffixes.contains(QFileInfo(urls.first().fileName()).suffix(), Qt::CaseInsensitive);
 }
 
 bool offersRaster(const QMimeData& data) {

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <optional>
+
 namespace ovrano {
 
 /// The file and colour dialogs as the handlers use them: properties are set, a Show… function is called,
@@ -12,6 +15,11 @@ namespace ovrano {
 /// the properties stay as they were.
 class CommonDialog {
 public:
+    // Values of Flags. They say what a handler counts on; every dialog here behaves so by itself.
+    static constexpr int SaveAskBeforeOverwriting = 2;
+    static constexpr int ColourFullOpenWithPreset = 3;
+    static constexpr int OpenFileMustExist = 4096;
+
     explicit CommonDialog(Dialogs& dialogs)
         : m_dialogs(dialogs) {}
 

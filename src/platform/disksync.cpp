@@ -31,8 +31,7 @@ void syncToDisk(const QString& path) {
     errno = 0;
     if (!file.open(QIODevice::ReadWrite))
         throw RuntimeError::fromErrno(errno);
-    const bool cannotTell = sync(file.handle()) != 0 && errno == EINVAL;
-    if (errno != 0 && !cannotTell)
+    if (sync(file.handle()) != 0 && errno != EINVAL)
         throw RuntimeError::fromErrno(errno);
 }
 

@@ -5,6 +5,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace ovrano {
 
 namespace {
@@ -65,14 +67,18 @@ void PictureBox::paintEvent(QPaintEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
+    m_held = event->button();
     Q_EMIT mouseDown(event->button(), pixelAt(*event));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
+    if (m_held != Qt::NoButton && !event->buttons().testFlag(m_held))
+        Q_EMIT mouseUp(std::exchange(m_held, Qt::NoButton), pixelAt(*event));
     Q_EMIT mouseMove(pixelAt(*event));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
+    m_held = Qt::NoButton;
     Q_EMIT mouseUp(event->button(), pixelAt(*event));
 }
 

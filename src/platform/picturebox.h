@@ -8,7 +8,8 @@
 namespace ovrano {
 
 /// Shows a surface: one picture pixel is one logical pixel, the widget is as large as the surface. Only
-/// what is visible and changed is painted. Mouse positions are whole picture pixels and may lie outside
+/// what is visible and changed is painted. Every press is followed by a release, also when a dialog that
+/// opened in between took the real one. Mouse positions are whole picture pixels and may lie outside
 /// while a button is held.
 class PictureBox : public QWidget {
     Q_OBJECT
@@ -36,6 +37,7 @@ protected:
 private:
     Surface& m_surface;
     MousePointer m_pointer = MousePointer::Default;
+    Qt::MouseButton m_held = Qt::NoButton; // announced as pressed and not yet as released
 };
 
 } // namespace ovrano

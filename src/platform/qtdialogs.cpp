@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStandardPaths>
 
@@ -49,21 +50,27 @@ Answer answerOf(int button) {
     }
 }
 
+/// "*.*" means every file, also one without a dot in its name.
+QString patternsOf(const FileType& type) {
+    QStringList patterns = type.patterns;
+    patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+    return patterns.join(QLatin1Char(' '));
+}
+
 QStringList nameFilters(const QList<FileType>& types) {
     QStringList filters;
     for (const FileType& type : types)
-        filters.append(type.description + QStringLiteral(" (") + type.patterns.join(QLatin1Char(' ')) +
-                       QLatin1Char(')'));
+        filters.append(type.description + QStringLiteral(" (") + patternsOf(type) + QLatin1Char(')'));
     return filters;
 }
 
 /// Dialogs give the chosen row back with or without its patterns, so the description decides.
-int indexOfFilter(const QList<FileType>& types, const QString& selected) {
+int indexOfFilter(const QList<FileType>& types, const QString& selected, int otherwise) {
     const QString plain = selected.simplified();
     for (qsizetype i = 0; i < types.size(); ++i)
         if (plain.startsWith(types.at(i).description.simplified()))
             return static_cast<int>(i);
-    return 0;
+    return otherwise; // a desktop's own dialog may not tell
 }
 
 /// The toolkit joins double blanks of a description; its own dialog can be told the text as it stands.
@@ -90,10 +97,13 @@ Answer QtDialogs::messageBox(const MessageBox& box) {
 }
 
 QString QtDialogs::inputBox(const InputBox& box) {
-    bool accepted = false;
-    const QString answer = QInputDialog::getText(QApplication::activeWindow(), box.title, box.prompt,
-                                                 QLineEdit::Normal, box.proposed, &accepted);
-    return accepted ? answer : QString();
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(box.title);
+    dialog.setLabelText(box.prompt);
+    dialog.setTextValue(box.proposed);
+    for (QLabel* prompt : dialog.findChildren<QLabel*>())
+        prompt->setTextFormat(Qt::PlainText); // it may hold a file name that looks like markup
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
 void QtDialogs::prepare(QFileDialog& dialog, const FileRequest& request) const {
@@ -114,7 +124,7 @@ std::optional<FileChoice> QtDialogs::run(QFileDialog& dialog, const FileRequest&
     const QString path = dialog.selectedFiles().constFirst();
     m_folders.insert(request.title, QFileInfo(path).absolutePath());
     return FileChoice{QDir::toNativeSeparators(path),
-                      indexOfFilter(request.types, dialog.selectedNameFilter())};
+                      indexOfFilter(request.types, dialog.selectedNameFilter(), request.typeIndex)};
 }
 
 std::optional<FileChoice> QtDialogs::openFile(const FileRequest& request) {

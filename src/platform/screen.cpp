@@ -20,11 +20,15 @@ MousePointer screenMousePointer() {
     return over && over->shape() == Qt::WaitCursor ? MousePointer::Hourglass : MousePointer::Default;
 }
 
-QStringList screenFonts() {
+QString withoutFoundry(QString family) {
     static const QRegularExpression foundry(QStringLiteral(R"( \[[^\]]*\]$)"));
+    return family.remove(foundry);
+}
+
+QStringList screenFonts() {
     QStringList plain;
-    for (QString family : QFontDatabase::families())
-        plain.append(family.remove(foundry));
+    for (const QString& family : QFontDatabase::families())
+        plain.append(withoutFoundry(family));
     plain.removeDuplicates();
     return plain;
 }

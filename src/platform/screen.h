@@ -17,6 +17,10 @@ enum class MousePointer { Default = 0, Cross = 2, SizeNS = 7, SizeWE = 9, Hourgl
 void setScreenMousePointer(MousePointer pointer);
 MousePointer screenMousePointer();
 
+/// A family's name without the foundry that the system adds when it has the family from several:
+/// "Nimbus Sans" for "Nimbus Sans [urw]".
+QString withoutFoundry(QString family);
+
 /// The families that can be chosen, plain names without foundry, each once, in the platform's order.
 QStringList screenFonts();
 

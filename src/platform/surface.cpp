@@ -155,20 +155,20 @@ void Surface::setBackColor(Colour colour) {
     rebuild(m_image.size(), false);
 }
 
-QPoint Surface::toPixel(double x, double y) const {
+QPoint Surface::pixelAt(double x, double y) const {
     if (m_scaleMode == ovrano::ScaleMode::Twips)
         return QPoint(toInt(std::floor(x / TwipsPerPixelX)), toInt(std::floor(y / TwipsPerPixelY)));
     return QPoint(toInt(roundHalfEven(x)), toInt(roundHalfEven(y)));
 }
 
 Colour Surface::Point(double x, double y) const {
-    const QPoint at = toPixel(x, y);
+    const QPoint at = pixelAt(x, y);
     return m_image.pixel(at.x(), at.y());
 }
 
 void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
-    const QPoint a = toPixel(from.x(), from.y());
-    const QPoint b = toPixel(to.x(), to.y());
+    const QPoint a = pixelAt(from.x(), from.y());
+    const QPoint b = pixelAt(to.x(), to.y());
     const QRect box(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                     QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
     const Pen pen{box.topLeft(), colour, m_drawMode, m_drawStyle};
@@ -181,7 +181,7 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
 }
 
 void Surface::Print(const QString& text) {
-    const QPoint origin = toPixel(m_currentX, m_currentY);
+    const QPoint origin = pixelAt(m_currentX, m_currentY);
     const TextMask& mask = m_textCache.mask(m_font, text, m_image.rect().translated(-origin));
     drawn(mask.paint(m_image, origin, m_foreColor));
     m_currentX = 0;

@@ -34,6 +34,7 @@ enum class BoxStyle { Outline, Filled };
 /// scale and cut down to the pixel that holds them in the twip scale.
 class Surface : public QObject {
     Q_OBJECT
+    Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor)
 
 public:
     /// White, without border, with the default font.
@@ -118,7 +119,7 @@ Q_SIGNALS:
     void refreshed();
 
 private:
-    QPoint toPixel(double x, double y) const;
+    QPoint pixelAt(double x, double y) const;
     void drawn(const QRegion& area);
     void rebuild(QSize size, bool keepDrawn);
 
@@ -136,7 +137,7 @@ private:
     ovrano::DrawStyle m_drawStyle = ovrano::DrawStyle::Solid;
     double m_currentX = 0;
     double m_currentY = 0;
-    mutable TextMaskCache m_textCache;
+    TextMaskCache m_textCache;
 };
 
 } // namespace ovrano

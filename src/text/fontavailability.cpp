@@ -2,8 +2,6 @@
 
 #include "platform/screen.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 #include <array>
 
@@ -28,9 +26,8 @@ constexpr std::array<Alias, 8> MetricAliases = {{
     {"Cambria", {"Caladea", nullptr, nullptr}},
 }};
 
-QString folded(QString family) {
-    static const QRegularExpression foundry(QStringLiteral(R"( \[[^\]]*\]$)"));
-    return family.remove(foundry).trimmed().toCaseFolded();
+QString folded(const QString& family) {
+    return withoutFoundry(family).trimmed().toCaseFolded();
 }
 
 bool contains(const QStringList& installed, const QString& foldedFamily) {

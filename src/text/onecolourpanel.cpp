@@ -102,16 +102,29 @@ void OneColourPanel::changeEvent(QEvent* event) {
 void OneColourPanel::cmd1Color3DProceed_Click() {
     using Step = void (OneColourPanel::*)();
     using Panel = OneColourPanel;
-    constexpr Step Steps[] = {&Panel::releasePicker,    &Panel::scrollHome,
-                              &Panel::emptySurfaces,    &Panel::takeSnapshot,
-                              &Panel::keepBackground,   &Panel::applyFont,
-                              &Panel::widenStamp,       &Panel::heightenStamp,
-                              &Panel::measureInTwips,   &Panel::printStamp,
-                              &Panel::measureInPixels,  &Panel::sizeRegion,
-                              &Panel::turnStamp,        &Panel::cutMask,
-                              &Panel::placeBlock,       &Panel::liftBlock,
-                              &Panel::composeBlock,     &Panel::pictureFocusRequested,
-                              &Panel::editStateChanged, &Panel::backgroundColourLocked,
+    constexpr Step Steps[] = {&Panel::releasePicker,
+                              &Panel::scrollHome,
+                              &Panel::emptySurfaces,
+                              &Panel::takeSnapshot,
+                              &Panel::keepBackground,
+                              &Panel::applyFont,
+                              &Panel::widenStamp,
+                              &Panel::heightenStamp,
+                              &Panel::measureInTwips,
+                              &Panel::readColour,
+                              &Panel::readDepth,
+                              &Panel::printStamp,
+                              &Panel::measureInPixels,
+                              &Panel::sizeRegion,
+                              &Panel::turnStamp,
+                              &Panel::cutMask,
+                              &Panel::placeBlock,
+                              &Panel::liftBlock,
+                              &Panel::composeBlock,
+                              &Panel::pictureFocusRequested,
+                              &Panel::resetPointer,
+                              &Panel::editStateChanged,
+                              &Panel::backgroundColourLocked,
                               &Panel::rememberText};
 
     if (!m_style.CheckTextInputs())
@@ -165,10 +178,18 @@ void OneColourPanel::measureInTwips() {
     m_work.picTemp.setScaleMode(ScaleMode::Twips);
 }
 
+void OneColourPanel::readColour() {
+    m_colour = Black;
+    m_colour = colourFromCaption(m_style.lblTextColor->text());
+}
+
+void OneColourPanel::readDepth() {
+    m_depth = 0; // what is left when the depth cannot be read
+    m_depth = extrusionDepth(integerValue(cboShadeThickness->currentText()));
+}
+
 void OneColourPanel::printStamp() {
-    const Colour colour = colourFromCaption(m_style.lblTextColor->text());
-    const std::int16_t depth = extrusionDepth(integerValue(cboShadeThickness->currentText()));
-    printExtrusion(m_work.picTemp, extrusionLayers(colour, depth, direction()), text());
+    printExtrusion(m_work.picTemp, extrusionLayers(m_colour, m_depth, direction()), text());
 }
 
 void OneColourPanel::measureInPixels() {
@@ -216,6 +237,10 @@ void OneColourPanel::composeBlock() {
     m_block.ComposeRegion();
     m_work.ImageModified = true;
     m_work.picDisp.Refresh();
+}
+
+void OneColourPanel::resetPointer() {
+    setScreenMousePointer(MousePointer::Default);
 }
 
 void OneColourPanel::rememberText() {

@@ -53,7 +53,7 @@ private:
     void drawIcons();
     void arrange();
 
-    // The steps of the command, in their order.
+    // The steps of the command; some of its signals are steps, too.
     void releasePicker();
     void scrollHome();
     void emptySurfaces();
@@ -63,6 +63,8 @@ private:
     void widenStamp();
     void heightenStamp();
     void measureInTwips();
+    void readColour();
+    void readDepth();
     void printStamp();
     void measureInPixels();
     void sizeRegion();
@@ -71,6 +73,7 @@ private:
     void placeBlock();
     void liftBlock();
     void composeBlock();
+    void resetPointer();
     void rememberText();
 
     QString text() const { return m_style.txbWriteText->text(); }
@@ -82,6 +85,8 @@ private:
     PointerModes& m_modes;
     StylePanel& m_style;
     AnglePanel& m_angle;
+    Colour m_colour = Black;  // of the farthest layer
+    std::int16_t m_depth = 0; // twips
 };
 
 } // namespace ovrano

@@ -37,35 +37,41 @@ QRgb laidOver(QRgb sample, QRgb below) {
     return sample | (below & ~covers);
 }
 
-/// Lays the next few samples of a run over the pixels at `out` and moves on to those behind. What is below
-/// is read only along edges and not touched where there is nothing to copy: waiting for the memory of the
-/// destination is what takes most of the time.
+/// Lays `Count` samples over the pixels at `out`, the first of them from a point of the patch. What is below
+/// is read only along edges and not touched where there is nothing to copy: most of the time goes by waiting
+/// for the memory of the destination.
 template<std::size_t Count, typename Sample>
-void layOver(QRgb*& out, RotationMap::Point& from, RotationMap::Point step, const Sample& sample) {
+void layOver(QRgb* out, RotationMap::Point from, RotationMap::Point step, const Sample& sample) {
     std::array<QRgb, Count> samples;
     QRgb all = ~SourcePatch::Nothing;
     QRgb any = SourcePatch::Nothing;
+    int distance = 0;
     for (QRgb& next : samples) {
-        next = sample(from.x, from.y);
-        from.x += step.x;
-        from.y += step.y;
+        next = sample(from.x + distance * step.x, from.y + distance * step.y);
         all &= next;
         any |= next;
+        ++distance;
     }
     if (isPixel(all))
         std::copy(samples.begin(), samples.end(), out);
     else if (isPixel(any))
         std::transform(samples.begin(), samples.end(), out, out, laidOver);
-    out += Count;
 }
 
 template<typename Sample>
 void layRunOver(QRgb* out, int count, RotationMap::Point from, RotationMap::Point step,
                 const Sample& sample) {
-    for (; count >= 4; count -= 4)
-        layOver<4>(out, from, step, sample);
-    for (; count > 0; --count)
-        layOver<1>(out, from, step, sample);
+    constexpr int Group = 4;
+    for (; count >= Group; count -= Group, out += Group) {
+        layOver<Group>(out, from, step, sample);
+        from.x += Group * step.x;
+        from.y += Group * step.y;
+    }
+    for (; count > 0; --count, ++out) {
+        *out = laidOver(sample(from.x, from.y), *out);
+        from.x += step.x;
+        from.y += step.y;
+    }
 }
 
 /// The columns or rows of a side that are at most `reach` from the centre, which may be anywhere.

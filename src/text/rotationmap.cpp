@@ -26,10 +26,11 @@ Fixed toFixed(double value) {
 int firstFrom(Fixed start, Fixed step, Fixed bound) {
     constexpr double Limit = 1 << 16;
     const double estimate = std::ceil(static_cast<double>(bound - start) / static_cast<double>(step));
-    const int k = static_cast<int>(std::clamp(estimate, -Limit, Limit));
-    if (start + (k - 1) * step >= bound)
-        return k - 1;
-    return start + k * step >= bound ? k : k + 1;
+    // The quotient of two rounded numbers may be one off; whether a column is in or out must be exact.
+    int k = static_cast<int>(std::clamp(estimate, -Limit, Limit)) - 1;
+    while (k < Limit && start + k * step < bound)
+        ++k;
+    return k;
 }
 
 /// Leaves the columns k with 0 ≤ start + k × step < end.

@@ -9,6 +9,7 @@
 #include "text/fontavailability.h"
 #include "text/namedcontrol.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QInputMethodEvent>
@@ -236,11 +237,10 @@ void StylePanel::imgItalic_Click() {
 }
 
 void StylePanel::cmdTextColor_Click() {
-    constexpr int FullOpenWithPreset = 3;
     Q_EMIT pickerReleased();
     trapErrors(m_dialogs, QStringLiteral("cmdTextColor_click"), [this] {
         CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = FullOpenWithPreset;
+        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
         CommonDialog1.Color = picTextColor->BackColor();
         CommonDialog1.ShowColor();
         DispDialogColor(CommonDialog1.Color);
@@ -252,8 +252,17 @@ bool StylePanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress)
         return !accepts(typedBy(*static_cast<QKeyEvent*>(event)));
     if (event->type() == QEvent::InputMethod)
-        return !accepts(static_cast<QInputMethodEvent*>(event)->commitString());
+        return refuseComposed(*watched, *static_cast<QInputMethodEvent*>(event));
     return QGroupBox::eventFilter(watched, event);
+}
+
+bool StylePanel::refuseComposed(QObject& receiver, const QInputMethodEvent& event) {
+    if (accepts(event.commitString()))
+        return false;
+    // The text under composition ends all the same, or its accent would stay in the box.
+    QInputMethodEvent without(event.preeditString(), event.attributes());
+    QCoreApplication::sendEvent(&receiver, &without);
+    return true;
 }
 
 bool StylePanel::accepts(const QString& typed) {

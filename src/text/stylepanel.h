@@ -11,6 +11,7 @@
 #include <QFont>
 #include <QFrame>
 #include <QGroupBox>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -82,6 +83,7 @@ private:
     void checkTypedFont();
     void toggle(ImageButton& button);
     bool accepts(const QString& typed);
+    bool refuseComposed(QObject& receiver, const QInputMethodEvent& event);
     bool isSizeInRange() const;
     QFont chosenFont() const;
 

@@ -1,3 +1,4 @@
+#include "app/editmenu.h"
 #include "app/mainwindow.h"
 #include "platform/runtimeerror.h"
 #include "support/answeringdialogs.h"
@@ -76,7 +77,15 @@ private Q_SLOTS:
     void backgroundColour();
     void backgroundColourCancelled();
     void pickerSetsTheTextColour();
-    void resizeWithAHugePictureReportsAnOverflow();
+    void resizeWithAHugePictureAsksNothing();
+    void editEntriesFollowTheRule_data();
+    void editEntriesFollowTheRule();
+    void everyCommandReleasesThePicker_data();
+    void everyCommandReleasesThePicker();
+    void creatingATextLocksTheBackground();
+    void openingForgetsTheBlockOfThePictureBefore();
+    void undoAfterOpeningShowsTheEmptiedSnapshot();
+    void keysWaitForTheEndOfAGesture();
     void longFileNamesAreShortened();
 };
 
@@ -144,6 +153,13 @@ void TestMainWindow::everyNameIsThere_data() {
                              "lblAnglePreset",
                              "picRotateAngleSample",
                              "picRotateAngleSampleBgd",
+                             "picUndo",
+                             "picAuto",
+                             "picTemp",
+                             "picRegion",
+                             "picMask",
+                             "mnuToolsRegion",
+                             "Mnu_Pipette",
                              "fra1Color3D",
                              "cboShadeThickness",
                              "lblShadeThickness",
@@ -178,6 +194,7 @@ void TestMainWindow::captionsOfTheMenus_data() {
     row("mnuEditCopy", "Co&pier");
     row("mnuEditPaste", "Co&ller");
     row("mnuEditPasteTransparent", "Coller en &transparence");
+    row("Mnu_ColleNouvIMG", "Coller dans une &nouvelle image");
     row("mnuEditPasteFromFile", "Coller depuis un &fichier");
     row("mnuEditPasteFromFileTransparent", "Coller depuis un fichier en transpa&rence");
     row("mnuEditClearClipboard", "&Vider le presse-papiers");
@@ -218,7 +235,9 @@ void TestMainWindow::entriesWithoutCommandStayDisabled() {
     for (const char* menu : {"mnuFile", "mnuEdit", "mnuTools", "mnuText"})
         program.openMenu(menu);
     for (const char* name :
-         {"mnuFileNew", "mnuEditCut", "mnuEditCopy", "mnuEditPaste", "mnuTextWrite(1)", "mnuTextWrite(2)"})
+         {"mnuFileNew", "mnuEditCut", "mnuEditCopy", "mnuEditPaste", "mnuEditPasteTransparent",
+          "Mnu_ColleNouvIMG", "mnuEditPasteFromFile", "mnuEditPasteFromFileTransparent",
+          "mnuEditClearClipboard", "mnuTextWrite(1)", "mnuTextWrite(2)"})
         QVERIFY2(!program.entry(name)->isEnabled(), name);
     QGuiApplication::clipboard()->clear();
 }
@@ -228,6 +247,7 @@ void TestMainWindow::everyControlIsVisibleWithoutOverlap_data() {
     QTest::newRow("maximised on 1366 x 768") << QSize(1366, 744);
     QTest::newRow("maximised on 1024 x 768") << QSize(1024, 744);
     QTest::newRow("3840 x 2160") << QSize(3840, 2136);
+    QTest::newRow("the smallest") << QSize(900, 480);
 }
 
 void TestMainWindow::everyControlIsVisibleWithoutOverlap() {
@@ -506,14 +526,14 @@ void TestMainWindow::pickerSetsTheTextColour() {
     QVERIFY(program.window.view().picDisp->hasFocus());
 }
 
-void TestMainWindow::resizeWithAHugePictureReportsAnOverflow() {
+void TestMainWindow::resizeWithAHugePictureAsksNothing() {
     Program program;
-    program.window.work().picDisp.setWidth(60000);
-    program.dialogs.answer(Answer::Ok);
+    program.window.work().picDisp.setInnerSize(QSize(60000, 900));
     program.window.resize(1200, 700);
     QCoreApplication::processEvents();
-    QVERIFY(program.dialogs.messages.first().text.contains(QStringLiteral("\r\n6     ")));
-    program.window.work().picDisp.setWidth(100);
+    QCOMPARE(program.dialogs.messages.size(), 0);
+    QCOMPARE(program.window.view().VScroll1->maximum(), 900 - program.window.view().picZ->height());
+    program.window.work().picDisp.setInnerSize(QSize(100, 100));
 }
 
 void TestMainWindow::longFileNamesAreShortened() {
@@ -521,11 +541,128 @@ void TestMainWindow::longFileNamesAreShortened() {
     const QString path =
         QStringLiteral("/tmp/") + QString(400, QLatin1Char('m')) + QStringLiteral("/photo.jpg");
     program.window.work().showFileName(path);
-    const auto* label = program.find<QLabel>("lblFileSpec");
-    QVERIFY(label->text() != path);
-    QVERIFY(label->fontMetrics().horizontalAdvance(label->text()) <= label->width());
-    QVERIFY(label->text().endsWith(QStringLiteral("photo.jpg")));
-    QCOMPARE(label->toolTip(), path);
+    const auto* label = program.find<PathLabel>("lblFileSpec");
+    QCOMPARE(label->text(), path);
+    QVERIFY(label->shownText() != path);
+    QVERIFY(label->fontMetrics().horizontalAdvance(label->shownText()) <= label->width());
+    QVERIFY(label->shownText().endsWith(QStringLiteral("photo.jpg")));
+    program.window.work().showFileName(QStringLiteral("Sans Nom"));
+    QCOMPARE(label->shownText(), QStringLiteral("Sans Nom"));
+}
+
+void TestMainWindow::editEntriesFollowTheRule_data() {
+    QTest::addColumn<bool>("loaded");
+    QTest::addColumn<bool>("selection");
+    QTest::addColumn<bool>("clipboard");
+    for (const bool loaded : {false, true})
+        for (const bool selection : {false, true})
+            for (const bool clipboard : {false, true})
+                QTest::addRow("%d %d %d", loaded, selection, clipboard) << loaded << selection << clipboard;
+}
+
+void TestMainWindow::editEntriesFollowTheRule() {
+    QFETCH(bool, loaded);
+    QFETCH(bool, selection);
+    QFETCH(bool, clipboard);
+    for (const bool undo : {false, true}) {
+        const EditEntries enabled = EditEntries::enabledIn({loaded, undo, selection, clipboard});
+        QCOMPARE(enabled.undo, undo);
+        QCOMPARE(enabled.cut, loaded && selection);
+        QCOMPARE(enabled.copy, loaded);
+        QCOMPARE(enabled.paste, loaded && clipboard);
+        QCOMPARE(enabled.pasteFromFile, loaded);
+    }
+}
+
+void TestMainWindow::everyCommandReleasesThePicker_data() {
+    QTest::addColumn<QString>("command");
+    for (const char* command : {"cmd1Color3DProceed", "CmdAnnul", "mnuEditUndo", "cmdTextColor",
+                                "Mnu_ChoixCouleur", "txtFontSize", "mnuFileOpen", "mnuText"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+void TestMainWindow::everyCommandReleasesThePicker() {
+    QFETCH(QString, command);
+    const QTemporaryDir folder;
+    const QString photo = folder.filePath(QStringLiteral("p.bmp"));
+    QVERIFY(QImage(3, 3, QImage::Format_RGB32).save(photo));
+    Program program;
+    program.window.work().TakeUndoSnapshot();
+    program.openMenu("mnuEdit");
+    program.find<ImageButton>("imgColorPicker")->setAppearance(1);
+    if (command == QStringLiteral("mnuFileOpen"))
+        program.dialogs.chooseOpen(photo, 1);
+    if (command == QStringLiteral("cmdTextColor") || command == QStringLiteral("Mnu_ChoixCouleur"))
+        program.dialogs.cancelColour();
+    if (command == QStringLiteral("mnuText"))
+        program.openMenu("mnuText");
+    else if (auto* entry = program.window.findChild<QAction*>(command))
+        entry->trigger();
+    else if (auto* button = program.window.findChild<QAbstractButton*>(command))
+        button->click();
+    else
+        program.window.findChild<QComboBox*>(command)->setEditText(QStringLiteral("30"));
+    QCOMPARE(program.find<ImageButton>("imgColorPicker")->Appearance(), 0);
+}
+
+void TestMainWindow::creatingATextLocksTheBackground() {
+    Program program;
+    program.find<QAbstractButton>("cmd1Color3DProceed")->click();
+    QVERIFY(program.window.block().HasSelection);
+    QVERIFY(!program.find<QAbstractButton>("Command2")->isEnabled());
+    QVERIFY(!program.find<QWidget>("LblFond")->isEnabled());
+    QVERIFY(program.window.view().picDisp->hasFocus());
+    QVERIFY(program.entry("mnuEditUndo")->isEnabled());
+    QVERIFY(program.entry("mnuToolsRegion")->isChecked()); // mirrors the zone mode
+}
+
+void TestMainWindow::openingForgetsTheBlockOfThePictureBefore() {
+    const QTemporaryDir folder;
+    QImage blue(320, 240, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    QVERIFY(blue.save(folder.filePath(QStringLiteral("p.bmp"))));
+    Program program;
+    program.find<QAbstractButton>("cmd1Color3DProceed")->click();
+    program.dialogs.answer(Answer::No);
+    program.dialogs.chooseOpen(folder.filePath(QStringLiteral("p.bmp")), 1);
+    program.entry("mnuFileOpen")->trigger();
+    QVERIFY(!program.window.block().HasSelection);
+    QVERIFY(program.window.work().UndoAvailable); // unchanged
+    auto* picture = program.window.view().picDisp;
+    QTest::mousePress(picture, Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
+    QTest::mouseMove(picture, QPoint(90, 90));
+    QTest::mouseRelease(picture, Qt::LeftButton, Qt::NoModifier, QPoint(90, 90));
+    QCOMPARE(program.window.work().picDisp.Picture(), Raster::fromImage(blue));
+}
+
+void TestMainWindow::undoAfterOpeningShowsTheEmptiedSnapshot() {
+    const QTemporaryDir folder;
+    QImage blue(320, 240, QImage::Format_RGB32);
+    blue.fill(Qt::blue);
+    QVERIFY(blue.save(folder.filePath(QStringLiteral("p.bmp"))));
+    Program program;
+    program.window.work().TakeUndoSnapshot();
+    program.dialogs.chooseOpen(folder.filePath(QStringLiteral("p.bmp")), 1);
+    program.entry("mnuFileOpen")->trigger();
+    program.openMenu("mnuEdit");
+    program.entry("mnuEditUndo")->trigger();
+    QCOMPARE(program.window.work().picDisp.Image(), Raster(QSize(320, 240), White));
+}
+
+void TestMainWindow::keysWaitForTheEndOfAGesture() {
+    Program program;
+    auto* picture = program.window.view().picDisp;
+    program.window.work().TakeUndoSnapshot();
+    QTest::mousePress(program.window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      picture->mapTo(&program.window, QPoint(50, 50)));
+    QTest::keyClick(program.window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(program.dialogs.opens.size(), 0);
+    QTest::mouseRelease(program.window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                        picture->mapTo(&program.window, QPoint(50, 50)));
+    program.window.work().ImageModified = false; // every release marks it
+    program.dialogs.cancelOpen();
+    QTest::keyClick(program.window.windowHandle(), Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(program.dialogs.opens.size(), 1);
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -25,7 +25,7 @@ void TestWindowLayout::followsTheFormulas_data() {
 void TestWindowLayout::followsTheFormulas() {
     QFETCH(QSize, area);
     const int W = area.width(), H = area.height(), barWidth = 17, barHeight = 15;
-    const WindowLayout layout = WindowLayout::arrange(area, QSize(barWidth, barHeight));
+    const WindowLayout layout = WindowLayout::arrange(area, QSize(barWidth, barHeight), WindowDesign());
     QCOMPARE(layout.VScroll1.left(), W - 5 - barWidth);
     QCOMPARE(layout.VScroll1.height(), H - 200 - barHeight);
     QCOMPARE(layout.picZ.width(), W - layout.picZ.left() - barWidth - 5);
@@ -44,7 +44,7 @@ void TestWindowLayout::nothingOverlaps_data() {
 
 void TestWindowLayout::nothingOverlaps() {
     QFETCH(QSize, area);
-    const WindowLayout layout = WindowLayout::arrange(area, QSize(17, 17));
+    const WindowLayout layout = WindowLayout::arrange(area, QSize(17, 17), WindowDesign());
     const QList<QRect> parts = {layout.fraTextPanel, layout.toolBox,      layout.picZ,       layout.VScroll1,
                                 layout.HScroll1,     layout.lblImageSize, layout.lblFileSpec};
     for (qsizetype i = 0; i < parts.size(); ++i) {
@@ -58,7 +58,7 @@ void TestWindowLayout::nothingOverlaps() {
 }
 
 void TestWindowLayout::tinyWindowGivesNoNegativeSizes() {
-    const WindowLayout layout = WindowLayout::arrange(QSize(50, 60), QSize(17, 17));
+    const WindowLayout layout = WindowLayout::arrange(QSize(50, 60), QSize(17, 17), WindowDesign());
     QVERIFY(layout.picZ.width() >= 0 && layout.picZ.height() >= 0);
     QVERIFY(layout.VScroll1.height() >= 0);
 }

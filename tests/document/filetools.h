@@ -3,6 +3,7 @@
 #include "platform/raster.h"
 #include "platform/runtimeerror.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -35,6 +36,19 @@ inline QString put(const QString& path, const QByteArray& content) {
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(path));
     return path;
+}
+
+/// What a file of this picture in one of Qt's formats holds.
+inline QByteArray encoded(const QImage& image, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format))
+        qFatal("cannot encode %s", format);
+    return buffer.data();
+}
+
+inline QByteArray encoded(const Raster& picture, const char* format) {
+    return encoded(picture.toImage(), format);
 }
 
 /// The names in a folder, hidden ones too.

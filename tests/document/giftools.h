@@ -1,7 +1,10 @@
 #pragma once
 
+#include "document/filetools.h"
+
 #include <QRect>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <gif_lib.h>
 #include <vector>
@@ -40,6 +43,13 @@ inline void writeGif(const QString& path, QSize screen, const std::vector<GifFra
     }
     GifFreeMapObject(table);
     EGifCloseFile(gif, &error);
+}
+
+/// The content of a GIF of these frames.
+inline QByteArray gif(QSize screen, const std::vector<GifFrame>& frames) {
+    const QTemporaryDir folder;
+    writeGif(folder.filePath("a.gif"), screen, frames);
+    return contentOf(folder.filePath("a.gif"));
 }
 
 } // namespace ovrano

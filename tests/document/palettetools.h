@@ -22,9 +22,9 @@ inline QImage painted(QSize size, const std::function<QRgb(int x, int y)>& colou
     return image;
 }
 
-/// Colour number n of many that all differ: steps of an odd number visit every 24-bit value once.
+/// Colour number n of many that all differ: multiples of an odd number do, as long as 24 bits can tell.
 inline QRgb distinctColour(int n) {
-    return 0xFF000000U | ((static_cast<QRgb>(n) * 0x9E3779B1U >> 4) & 0xFFFFFFU);
+    return 0xFF000000U | ((static_cast<QRgb>(n) * 0x588B65U) & 0xFFFFFFU);
 }
 
 /// A picture with `count` colours strewn about; every one occurs if there are enough pixels.

@@ -16,6 +16,7 @@ class BmpFileTest : public QObject {
 private Q_SLOTS:
     void init();
 
+    void headerIsWhatEveryProgramReads_data();
     void headerIsWhatEveryProgramReads();
     void rowsLieBottomUpAndAreFilledToFourBytes();
     void whatIsSavedIsLoadedBitExactly_data();
@@ -45,28 +46,32 @@ void BmpFileTest::init() {
     QVERIFY(m_dir->isValid());
 }
 
-void BmpFileTest::headerIsWhatEveryProgramReads() {
-    SavePicture(patterned(QSize(5, 3)), path("a.bmp"));
-    const QByteArray bytes = contentOf(path("a.bmp"));
-    const auto field32 = [&](int at) { return qFromLittleEndian<quint32>(bytes.constData() + at); };
-    const auto field16 = [&](int at) { return qFromLittleEndian<quint16>(bytes.constData() + at); };
+void BmpFileTest::headerIsWhatEveryProgramReads_data() {
+    QTest::addColumn<int>("at");
+    QTest::addColumn<quint32>("value"); // the 16-bit fields are looked at in pairs
+    QTest::newRow("length of the file") << 2 << 54U + 16 * 3;
+    QTest::newRow("reserved") << 6 << 0U;
+    QTest::newRow("start of the pixels") << 10 << 54U;
+    QTest::newRow("length of the second header") << 14 << 40U;
+    QTest::newRow("width") << 18 << 5U;
+    QTest::newRow("height") << 22 << 3U;
+    QTest::newRow("1 plane, 24 bits a pixel") << 26 << 0x0018'0001U;
+    QTest::newRow("not compressed") << 30 << 0U;
+    QTest::newRow("length of the pixels") << 34 << 16U * 3;
+    QTest::newRow("dots per metre across: 96 per inch") << 38 << 3780U;
+    QTest::newRow("dots per metre down") << 42 << 3780U;
+    QTest::newRow("colours of a palette") << 46 << 0U;
+    QTest::newRow("important ones") << 50 << 0U;
+}
 
-    QCOMPARE(bytes.size(), 54 + 16 * 3);
-    QCOMPARE(bytes.left(2), QByteArray("BM"));
-    QCOMPARE(field32(2), 54U + 16 * 3); // length
-    QCOMPARE(field32(6), 0U);
-    QCOMPARE(field32(10), 54U); // where the pixels start
-    QCOMPARE(field32(14), 40U);
-    QCOMPARE(field32(18), 5U);
-    QCOMPARE(field32(22), 3U);
-    QCOMPARE(field16(26), 1);  // planes
-    QCOMPARE(field16(28), 24); // bits a pixel
-    QCOMPARE(field32(30), 0U); // not compressed
-    QCOMPARE(field32(34), 16U * 3);
-    QCOMPARE(field32(38), 3780U); // dots per metre: 96 per inch
-    QCOMPARE(field32(42), 3780U);
-    QCOMPARE(field32(46), 0U);
-    QCOMPARE(field32(50), 0U);
+void BmpFileTest::headerIsWhatEveryProgramReads() {
+    QFETCH(int, at);
+    QFETCH(quint32, value);
+    SavePicture(patterned(QSize(5, 3)), path("a.bmp"));
+    const QByteArray content = contentOf(path("a.bmp"));
+    QCOMPARE(content.size(), 54 + 16 * 3);
+    QCOMPARE(content.left(2), QByteArray("BM"));
+    QCOMPARE(qFromLittleEndian<quint32>(content.constData() + at), value);
 }
 
 void BmpFileTest::rowsLieBottomUpAndAreFilledToFourBytes() {

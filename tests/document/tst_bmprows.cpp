@@ -2,7 +2,6 @@
 #include "document/bmprows.h"
 #include "document/filetools.h"
 
-#include <QBuffer>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -39,13 +38,6 @@ QList<QRgb> rowOf(const Raster& picture, int y) {
 QList<QRgb> rowOf(BmpRows& rows, int y) {
     const QRgb* first = rows.row(y);
     return QList<QRgb>(first, first + rows.size().width());
-}
-
-QByteArray encoded(const QImage& image, const char* format) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return buffer.data();
 }
 
 } // namespace

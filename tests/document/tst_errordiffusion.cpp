@@ -21,10 +21,13 @@ private Q_SLOTS:
 
 namespace {
 
+std::size_t pixelsOf(const QImage& image) {
+    return static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height());
+}
+
 IndexedPicture diffused(const QImage& image, const Palette& palette) {
     IndexedPicture picture{image.size(), palette, {}};
-    picture.indices.resize(static_cast<std::size_t>(image.width()) *
-                           static_cast<std::size_t>(image.height()));
+    picture.indices.resize(pixelsOf(image));
     ImageRows rows(image);
     ErrorDiffusion diffusion(picture.palette, image.width());
     for (int y = 0; y < image.height(); ++y)
@@ -38,7 +41,7 @@ public:
     SlowDiffusion(const QImage& image, const Palette& palette)
         : m_image(image)
         , m_palette(palette)
-        , m_sums(static_cast<std::size_t>(image.width() * image.height())) {}
+        , m_sums(pixelsOf(image)) {}
 
     QImage map() {
         return painted(m_image.size(), [this](int x, int y) { return mapPixel(x, y); });
@@ -123,7 +126,7 @@ void ErrorDiffusionTest::nearlyRightAreaStaysClean() {
     QImage image(64, 64, QImage::Format_RGB32);
     image.fill(qRgb(97, 97, 97));
     const IndexedPicture result = diffused(image, {qRgb(96, 96, 96), qRgb(112, 112, 112)});
-    QCOMPARE(result.indices, std::vector<std::uint8_t>(64 * 64, 0));
+    QCOMPARE(result.indices, std::vector<std::uint8_t>(pixelsOf(image), 0));
 }
 
 void ErrorDiffusionTest::paperBesideAPhotoStaysClean() {

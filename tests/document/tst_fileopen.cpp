@@ -35,6 +35,8 @@ private Q_SLOTS:
     void emptyNameOnlyMovesTheFocus();
     void unreadableFileLeavesAnEmptiedPicture_data();
     void unreadableFileLeavesAnEmptiedPicture();
+    void unreadableFileLeavesTheRest_data();
+    void unreadableFileLeavesTheRest();
     void goodFileAfterABadOne();
     void pictureTooWideToScroll();
 
@@ -55,6 +57,8 @@ private:
         m_dialogs->chooseOpen(file);
         m_open->mnuFileOpen_Click();
     }
+    void openAndModify();
+    void openUnreadable(const QString& name);
 
     std::unique_ptr<QTemporaryDir> m_dir;
     std::unique_ptr<AnsweringDialogs> m_dialogs;
@@ -94,6 +98,25 @@ void FileOpenTest::cleanup() {
     m_window.reset();
     m_work.reset();
     m_dialogs.reset();
+}
+
+/// A large picture, scrolled, with a snapshot and a change; what was announced so far is forgotten.
+void FileOpenTest::openAndModify() {
+    open(picture("a.bmp", patterned(QSize(1000, 700))));
+    m_work->picUndo.setPicture(patterned(QSize(1000, 700)));
+    m_view->HScroll1->setValue(150);
+    m_work->ImageModified = true;
+    m_fileLabel->clear();
+    m_sizeLabel->clear();
+    m_pickerReleased->clear();
+}
+
+void FileOpenTest::openUnreadable(const QString& name) {
+    put(path("text.bmp"), "Ceci n'est pas une image.");
+    QVERIFY(QDir(m_dir->path()).mkdir("folder"));
+    m_dialogs->answer(Answer::No); // the change is given up
+    m_dialogs->answer(Answer::Ok);
+    open(path(name));
 }
 
 void FileOpenTest::dialogIsSetUp() {
@@ -258,30 +281,29 @@ void FileOpenTest::unreadableFileLeavesAnEmptiedPicture_data() {
 void FileOpenTest::unreadableFileLeavesAnEmptiedPicture() {
     QFETCH(QString, name);
     QFETCH(int, number);
-    put(path("text.bmp"), "Ceci n'est pas une image.");
-    QVERIFY(QDir(m_dir->path()).mkdir("folder"));
-    open(picture("a.bmp", patterned(QSize(1000, 700))));
-    m_work->picUndo.setPicture(patterned(QSize(1000, 700)));
-    m_view->HScroll1->setValue(150);
-    m_work->ImageModified = true;
-    m_fileLabel->clear();
-    m_sizeLabel->clear();
-    m_pickerReleased->clear();
-
-    m_dialogs->answer(Answer::No);
-    m_dialogs->answer(Answer::Ok);
-    open(path(name));
+    openAndModify();
+    openUnreadable(name);
     const MessageBox& box = m_dialogs->messages.last();
     QCOMPARE(box.text,
              QString("mnuFileOpen_Click\r\n%1     %2").arg(number).arg(RuntimeError::descriptionOf(number)));
     QCOMPARE(box.buttons, Buttons::Ok);
     QCOMPARE(box.icon, Icon::None);
     QCOMPARE(box.title, QString());
-    // Emptied and sizing itself; everything else still tells of the picture before.
     QVERIFY(m_work->picDisp.Picture().isEmpty());
     QVERIFY(m_work->picDisp.AutoSize());
     QVERIFY(m_work->picDisp.Image() == Raster(m_work->picDisp.innerSize(), White));
     QCOMPARE(m_work->CurrentFileName, path(name));
+}
+
+void FileOpenTest::unreadableFileLeavesTheRest_data() {
+    unreadableFileLeavesAnEmptiedPicture_data();
+}
+
+// Everything but the work picture still tells of the picture before.
+void FileOpenTest::unreadableFileLeavesTheRest() {
+    QFETCH(QString, name);
+    openAndModify();
+    openUnreadable(name);
     QVERIFY(!m_work->picUndo.Picture().isEmpty());
     QCOMPARE(m_work->ImageWidth, 1000);
     QCOMPARE(m_view->HScroll1->maximum(), 200);

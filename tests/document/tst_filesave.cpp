@@ -1,35 +1,21 @@
-#include "document/filesave.h"
-#include "document/filetools.h"
 #include "document/picturereader.h"
-#include "support/answeringdialogs.h"
-
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
+#include "document/savetest.h"
 
 using namespace ovrano;
 
-namespace {
-
-enum Row { Bmp = 1, Jpeg100, Jpeg80, Jpeg50, JpegCustom, Gif };
-
-constexpr auto Complaint = "Erreur lors de l'enregistrement du fichier !";
-
-} // namespace
-
-class FileSaveTest : public QObject {
+class FileSaveTest : public SaveTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void titleIsRewritten_data();
     void titleIsRewritten();
 
     void dialogIsSetUp();
     void dialogStartsOnTheRowLastUsed();
-    void dialogProposesTheLastFile();
+    void dialogProposesTheFileThatIsShown();
     void overwritingIsAskedForTheFileThatIsWritten();
 
     void bmpHoldsWhatIsDrawn();
@@ -39,6 +25,10 @@ private Q_SLOTS:
     void gifIsWritten();
     void existingFileIsReplaced_data();
     void existingFileIsReplaced();
+    void existingFileKeepsItsPermissions_data();
+    void existingFileKeepsItsPermissions();
+    void linkStaysALink_data();
+    void linkStaysALink();
     void labelShowsTheSavedPath_data();
     void labelShowsTheSavedPath();
     void otherRowWritesNothing();
@@ -50,80 +40,7 @@ private Q_SLOTS:
     void lastRatioIsProposedAgain();
     void ratioCancelledWritesAtFullRatio();
     void ratioBeyondSixteenBitsIsAnError();
-
-    void cancelWritesNothing();
-    void cancelledFlagIsClearedByTheNextSave();
-    void failureIsReportedAndIsNoCancel();
-    void oldFileSurvivesFailure_data();
-    void oldFileSurvivesFailure();
-    void leftOverTemporaryStays();
-    void folderAsTarget_data();
-    void folderAsTarget();
-    void writeProtectedFileIsKept_data();
-    void writeProtectedFileIsKept();
-    void folderWithoutPermission_data();
-    void folderWithoutPermission();
-    void emptyPictureIsReported();
-
-    void usersTemporariesAreKept_data();
-    void usersTemporariesAreKept();
-    void usersTemporariesSurviveFailure_data();
-    void usersTemporariesSurviveFailure();
-    void targetNamedAsTheTemporary_data();
-    void targetNamedAsTheTemporary();
-    void targetNamedAsTheFileSetAside();
-
-    void discardNeedsNoQuestionWhenUnchanged();
-    void discardQuestion();
-    void discardAnswers_data();
-    void discardAnswers();
-    void discardAfterSaving();
-    void discardAfterSaveCancelled();
-    void discardAfterFailedSave();
-
-private:
-    QString path(const QString& name) const { return m_dir->filePath(name); }
-    QStringList names() const { return namesIn(m_dir->path()); }
-    void save(const QString& name, int row) {
-        m_dialogs->chooseSave(path(name), row);
-        m_save->mnuFileSave_Click();
-    }
-    void saveAtTypedRatio(const QString& name, const QString& ratio) {
-        m_dialogs->type(ratio);
-        save(name, JpegCustom);
-    }
-    /// The number in the one error message that came up, and that it is the right message.
-    int reported() const {
-        if (m_dialogs->messages.size() != 1)
-            return -1;
-        const QStringList lines = m_dialogs->messages.at(0).text.split("\r\n");
-        return lines.at(0) == Complaint ? lines.at(1).section(' ', 0, 0).toInt() : -2;
-    }
-
-    std::unique_ptr<QTemporaryDir> m_dir;
-    std::unique_ptr<AnsweringDialogs> m_dialogs;
-    std::unique_ptr<WorkPicture> m_work;
-    std::unique_ptr<FileSave> m_save;
-    std::unique_ptr<QSignalSpy> m_label;
 };
-
-void FileSaveTest::init() {
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    m_dialogs = std::make_unique<AnsweringDialogs>();
-    m_work = std::make_unique<WorkPicture>(*m_dialogs);
-    m_work->picDisp.setAutoSize(true);
-    m_work->picDisp.setPicture(gradient(QSize(120, 90)));
-    m_save = std::make_unique<FileSave>(*m_work, *m_dialogs);
-    m_label = std::make_unique<QSignalSpy>(m_work.get(), &WorkPicture::fileNameShown);
-}
-
-void FileSaveTest::cleanup() {
-    m_label.reset();
-    m_save.reset();
-    m_work.reset();
-    m_dialogs.reset(); // tells of answers that nobody asked for while the test can still fail
-}
 
 void FileSaveTest::titleIsRewritten_data() {
     QTest::addColumn<QString>("title");
@@ -177,13 +94,18 @@ void FileSaveTest::dialogStartsOnTheRowLastUsed() {
     QCOMPARE(m_dialogs->saves.at(2).typeIndex, Gif - 1);
 }
 
-void FileSaveTest::dialogProposesTheLastFile() {
-    m_work->CurrentFileName = "/home/moi/fond.png";
-    save("a.x", Bmp);
+void FileSaveTest::dialogProposesTheFileThatIsShown() {
+    m_work->showFileName("Sans Nom"); // no file yet
     m_dialogs->cancelSave();
     m_save->mnuFileSave_Click();
-    QCOMPARE(m_dialogs->saves.at(0).fileName, QString("/home/moi/fond.png"));
-    QCOMPARE(m_dialogs->saves.at(1).fileName, path("a.x"));
+    m_work->showFileName("/home/moi/fond.png");
+    save("a.x", Bmp);
+    m_work->CurrentFileName = "/home/moi/lettre.txt"; // what could not be opened
+    m_dialogs->cancelSave();
+    m_save->mnuFileSave_Click();
+    QCOMPARE(m_dialogs->saves.at(0).fileName, QString());
+    QCOMPARE(m_dialogs->saves.at(1).fileName, QString("/home/moi/fond.png"));
+    QCOMPARE(m_dialogs->saves.at(2).fileName, path("a.bmp"));
 }
 
 void FileSaveTest::overwritingIsAskedForTheFileThatIsWritten() {
@@ -238,11 +160,7 @@ void FileSaveTest::gifIsWritten() {
 }
 
 void FileSaveTest::existingFileIsReplaced_data() {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("BMP") << int{Bmp} << "a.bmp";
-    QTest::newRow("JPEG") << int{Jpeg80} << "a.jpg";
-    QTest::newRow("GIF") << int{Gif} << "a.gif";
+    everyFormat();
 }
 
 void FileSaveTest::existingFileIsReplaced() {
@@ -253,6 +171,35 @@ void FileSaveTest::existingFileIsReplaced() {
     QCOMPARE(names(), QStringList(name));
     QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
     QVERIFY(QFileInfo(path(name)).size() < 300'000);
+}
+
+void FileSaveTest::existingFileKeepsItsPermissions_data() {
+    everyFormat();
+}
+
+void FileSaveTest::existingFileKeepsItsPermissions() {
+    QFETCH(int, row);
+    QFETCH(QString, name);
+    put(path(name), "old");
+    allow(path(name), 0640);
+    save(name, row);
+    QCOMPARE(QFileInfo(path(name)).permissions() & ~(QFile::ReadOwner | QFile::WriteOwner),
+             QFile::Permissions(QFile::ReadUser | QFile::WriteUser | QFile::ReadGroup));
+}
+
+void FileSaveTest::linkStaysALink_data() {
+    everyFormat();
+}
+
+void FileSaveTest::linkStaysALink() {
+    QFETCH(int, row);
+    QFETCH(QString, name);
+    QVERIFY(QDir(m_dir->path()).mkdir("else"));
+    put(path("else/file"), "old");
+    QVERIFY(QFile::link(path("else/file"), path(name)));
+    save(name, row);
+    QCOMPARE(QFile::symLinkTarget(path(name)), path("else/file"));
+    QCOMPARE(loadPicture(path("else/file")).size(), QSize(120, 90));
 }
 
 void FileSaveTest::labelShowsTheSavedPath_data() {
@@ -366,263 +313,6 @@ void FileSaveTest::ratioBeyondSixteenBitsIsAnError() {
     m_dialogs->cancelInput();
     save("a.jpg", JpegCustom);
     QCOMPARE(m_dialogs->inputs.last().proposed, QString("99999")); // it was typed, if in vain
-}
-
-void FileSaveTest::cancelWritesNothing() {
-    m_work->CurrentFileName = "before";
-    m_dialogs->cancelSave();
-    m_save->mnuFileSave_Click();
-    QVERIFY(m_work->SaveCancelled);
-    QCOMPARE(names(), QStringList());
-    QCOMPARE(m_label->size(), 0);
-    QCOMPARE(m_dialogs->messages.size(), 0);
-    QCOMPARE(m_work->CurrentFileName, QString("before"));
-}
-
-void FileSaveTest::cancelledFlagIsClearedByTheNextSave() {
-    m_work->SaveCancelled = true;
-    save("a.bmp", Bmp);
-    QVERIFY(!m_work->SaveCancelled);
-}
-
-void FileSaveTest::failureIsReportedAndIsNoCancel() {
-    m_dialogs->answer(Answer::Ok);
-    save("none/a.bmp", Bmp);
-    QCOMPARE(reported(), error::PathNotFound);
-    const MessageBox& box = m_dialogs->messages.at(0);
-    QCOMPARE(box.text, QString("Erreur lors de l'enregistrement du fichier !\r\n76     ") +
-                           RuntimeError::descriptionOf(error::PathNotFound));
-    QCOMPARE(box.title, QString());
-    QCOMPARE(box.buttons, Buttons::Ok);
-    QCOMPARE(box.icon, Icon::None);
-    QVERIFY(!m_work->SaveCancelled);
-    QCOMPARE(m_work->CurrentFileName, path("none/a.bmp")); // set as soon as the dialog closes
-    QCOMPARE(m_label->size(), 0);
-}
-
-void FileSaveTest::oldFileSurvivesFailure_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::oldFileSurvivesFailure() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    put(path(name), "old");
-    m_dialogs->answer(Answer::Ok);
-    {
-        const SmallDisk disk(1000);
-        save(name, row);
-    }
-    QCOMPARE(reported(), error::DiskFull);
-    QCOMPARE(contentOf(path(name)), QByteArray("old"));
-    QCOMPARE(m_label->size(), 0);
-}
-
-void FileSaveTest::leftOverTemporaryStays() {
-    m_work->picDisp.setPicture(Raster(QSize(70'000, 1), White)); // too wide for a JPEG
-    m_dialogs->answer(Answer::Ok);
-    save("a.jpg", Jpeg80);
-    QCOMPARE(reported(), error::InvalidPropertyValue);
-    QCOMPARE(names(), QStringList("Temp.bmp"));
-}
-
-void FileSaveTest::folderAsTarget_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::folderAsTarget() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    QVERIFY(QDir(m_dir->path()).mkdir(name));
-    m_dialogs->answer(Answer::Ok);
-    save(name, row);
-    QCOMPARE(reported(), error::PathFileAccess);
-    QVERIFY(QFileInfo(path(name)).isDir());
-}
-
-void FileSaveTest::writeProtectedFileIsKept_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::writeProtectedFileIsKept() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    put(path(name), "old");
-    allow(path(name), 0444);
-    allow(m_dir->path(), 0777);
-    m_dialogs->answer(Answer::Ok);
-    {
-        const Unprivileged nobody;
-        save(name, row);
-    }
-    QCOMPARE(reported(), error::PermissionDenied);
-    QCOMPARE(contentOf(path(name)), QByteArray("old"));
-    QCOMPARE(names(), QStringList(name));
-}
-
-void FileSaveTest::folderWithoutPermission_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::folderWithoutPermission() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    put(path("Temp.bmp"), "user's");
-    allow(m_dir->path(), 0555);
-    m_dialogs->answer(Answer::Ok);
-    {
-        const Unprivileged nobody;
-        save(name, row);
-    }
-    allow(m_dir->path(), 0755);
-    QCOMPARE(reported(), error::PermissionDenied);
-    QCOMPARE(names(), QStringList("Temp.bmp"));
-    QCOMPARE(contentOf(path("Temp.bmp")), QByteArray("user's"));
-}
-
-void FileSaveTest::emptyPictureIsReported() {
-    m_work->picDisp.setAutoSize(false);
-    m_work->picDisp.setInnerSize(QSize(0, 0));
-    m_dialogs->answer(Answer::Ok);
-    save("a.bmp", Bmp);
-    QCOMPARE(reported(), error::InvalidPropertyValue);
-    QCOMPARE(names(), QStringList());
-}
-
-void FileSaveTest::usersTemporariesAreKept_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::usersTemporariesAreKept() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    put(path("Temp.bmp"), "user's bmp");
-    put(path("Temp.jpg"), "user's jpg");
-    save(name, row);
-    QStringList expected{name, "Temp.bmp", "Temp.jpg"};
-    expected.sort();
-    QCOMPARE(names(), expected);
-    QCOMPARE(contentOf(path("Temp.bmp")), QByteArray("user's bmp"));
-    QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("user's jpg"));
-    QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
-}
-
-void FileSaveTest::usersTemporariesSurviveFailure_data() {
-    existingFileIsReplaced_data();
-}
-
-void FileSaveTest::usersTemporariesSurviveFailure() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    put(path("Temp.bmp"), "user's bmp");
-    put(path("Temp.jpg"), "user's jpg");
-    // 32400 bytes of pixels fill the disk; a JPEG of a strip too wide for it fails one step later.
-    for (const bool diskIsFull : {true, false}) {
-        if (!diskIsFull)
-            m_work->picDisp.setPicture(Raster(QSize(70'000, 1), White));
-        m_dialogs->answer(Answer::Ok);
-        {
-            const SmallDisk disk(diskIsFull ? 1000 : RLIM_INFINITY);
-            save(name, diskIsFull ? row : int{Jpeg80});
-        }
-        QCOMPARE(namesIn(m_dir->path()), QStringList({"Temp.bmp", "Temp.jpg"}));
-        QCOMPARE(contentOf(path("Temp.bmp")), QByteArray("user's bmp"));
-        QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("user's jpg"));
-    }
-}
-
-void FileSaveTest::targetNamedAsTheTemporary_data() {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("bystander");
-    QTest::newRow("Temp.bmp") << int{Bmp} << "Temp.bmp"
-                              << "Temp.jpg";
-    QTest::newRow("Temp.jpg") << int{Jpeg80} << "Temp.jpg"
-                              << "Temp.bmp";
-    QTest::newRow("Temp.gif") << int{Gif} << "Temp.gif"
-                              << "Temp.bmp";
-}
-
-void FileSaveTest::targetNamedAsTheTemporary() {
-    QFETCH(int, row);
-    QFETCH(QString, name);
-    QFETCH(QString, bystander);
-    for (int round = 0; round < 2; ++round) { // the second time the file is there already
-        put(path(bystander), "user's");
-        save(name, row);
-        QStringList expected{name, bystander};
-        expected.sort();
-        QCOMPARE(names(), expected);
-        QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
-        QCOMPARE(contentOf(path(bystander)), QByteArray("user's"));
-        QCOMPARE(m_label->last().at(0).toString(), path(name));
-    }
-}
-
-void FileSaveTest::targetNamedAsTheFileSetAside() {
-    put(path("Temp.jpg"), "user's");
-    save("Temp (1).jpg", Jpeg80);
-    QCOMPARE(names(), QStringList({"Temp (1).jpg", "Temp.jpg"}));
-    QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("user's"));
-    QCOMPARE(loadPicture(path("Temp (1).jpg")).size(), QSize(120, 90));
-}
-
-void FileSaveTest::discardNeedsNoQuestionWhenUnchanged() {
-    QVERIFY(m_save->confirmDiscard("Enregistrer l'image ?"));
-    QCOMPARE(m_dialogs->messages.size(), 0);
-}
-
-void FileSaveTest::discardQuestion() {
-    m_work->ImageModified = true;
-    m_dialogs->answer(Answer::No);
-    m_save->confirmDiscard("Enregistrer l'image ?");
-    const MessageBox& box = m_dialogs->messages.at(0);
-    QCOMPARE(box.text, QString("Enregistrer l'image ?"));
-    QCOMPARE(box.title, QString("Image modifiée"));
-    QCOMPARE(box.buttons, Buttons::YesNoCancel);
-    QCOMPARE(box.icon, Icon::Question);
-}
-
-void FileSaveTest::discardAnswers_data() {
-    QTest::addColumn<Answer>("answer");
-    QTest::addColumn<bool>("goOn");
-    QTest::newRow("no") << Answer::No << true;
-    QTest::newRow("cancel") << Answer::Cancel << false;
-}
-
-void FileSaveTest::discardAnswers() {
-    QFETCH(Answer, answer);
-    QFETCH(bool, goOn);
-    m_work->ImageModified = true;
-    m_dialogs->answer(answer);
-    QCOMPARE(m_save->confirmDiscard("?"), goOn);
-    QCOMPARE(m_dialogs->saves.size(), 0);
-    QVERIFY(m_work->ImageModified);
-}
-
-void FileSaveTest::discardAfterSaving() {
-    m_work->ImageModified = true;
-    m_dialogs->answer(Answer::Yes);
-    m_dialogs->chooseSave(path("a.bmp"), Bmp);
-    QVERIFY(m_save->confirmDiscard("?"));
-    QCOMPARE(names(), QStringList("a.bmp"));
-}
-
-void FileSaveTest::discardAfterSaveCancelled() {
-    m_work->ImageModified = true;
-    m_dialogs->answer(Answer::Yes);
-    m_dialogs->cancelSave();
-    QVERIFY(!m_save->confirmDiscard("?"));
-}
-
-// A failed save is no cancel: the picture is given up all the same.
-void FileSaveTest::discardAfterFailedSave() {
-    m_work->ImageModified = true;
-    m_dialogs->answer(Answer::Yes);
-    m_dialogs->answer(Answer::Ok);
-    m_dialogs->chooseSave(path("none/a.bmp"), Bmp);
-    QVERIFY(m_save->confirmDiscard("?"));
-    QCOMPARE(m_dialogs->messages.size(), 2);
 }
 
 QTEST_MAIN(FileSaveTest)

@@ -30,9 +30,9 @@ ColourHistogram strewn(int count) {
     QRandomGenerator random(5);
     ColourHistogram histogram;
     for (int i = 0; i < count; ++i) {
-        const float red = static_cast<float>(random.bounded(256));
-        const float green = static_cast<float>(random.bounded(256));
-        const float blue = static_cast<float>(random.bounded(256));
+        const auto red = static_cast<float>(random.bounded(256));
+        const auto green = static_cast<float>(random.bounded(256));
+        const auto blue = static_cast<float>(random.bounded(256));
         histogram.push_back({{red, green, blue}, static_cast<float>(random.bounded(1, 50))});
     }
     return histogram;

@@ -24,7 +24,7 @@ struct Window {
     explicit Window(QSize viewport)
         : work(dialogs)
         , view(work, &frame)
-        , undo(work, view) {
+        , undo(work, view, dialogs) {
         view.picZ->resize(viewport);
     }
 
@@ -51,6 +51,8 @@ private Q_SLOTS:
     void wholePictureCopyTakesWhatIsDrawn();
     void copyIntoALargerSurfaceShowsItsBackground();
     void copyOfAnEmptyPicture();
+    void failedCopyIsReported();
+    void overflowOnOneAxisLeavesTheOtherItsRange();
     void sizeLabel();
     void clientSizeKeepsTheBorder();
     void snapshotFollowsThePicturesSize();
@@ -115,6 +117,39 @@ void TestWorkPicture::copyOfAnEmptyPicture() {
     window.work.TakeUndoSnapshot();
     window.undo.mnuEditUndo_Click();
     QVERIFY(window.work.picDisp.Image().isEmpty());
+}
+
+namespace {
+
+/// A document whose whole-picture copies run out of memory.
+class WithoutMemory : public WorkPicture {
+public:
+    using WorkPicture::WorkPicture;
+
+protected:
+    void copyWhole(const Surface&, Surface&) override { throw RuntimeError(error::OutOfMemory); }
+};
+
+} // namespace
+
+void TestWorkPicture::failedCopyIsReported() {
+    AnsweringDialogs dialogs;
+    WithoutMemory work(dialogs);
+    dialogs.answer(Answer::Ok);
+    QVERIFY(!work.BitbltPic(work.picDisp, work.picSnap));
+    QCOMPARE(dialogs.messages.first().text,
+             QStringLiteral("BitbltPic\r\n7     ") + RuntimeError::descriptionOf(7));
+    dialogs.answer(Answer::Ok);
+    work.TakeUndoSnapshot();
+    QVERIFY(work.UndoAvailable); // the flag is set all the same
+}
+
+void TestWorkPicture::overflowOnOneAxisLeavesTheOtherItsRange() {
+    Window window(QSize(100, 100));
+    window.work.picDisp.setInnerSize(QSize(60000, 300));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, window.view.setScrollMax());
+    QCOMPARE(window.view.VScroll1->maximum(), 200);
+    window.work.picDisp.setInnerSize(QSize(10, 10));
 }
 
 void TestWorkPicture::sizeLabel() {

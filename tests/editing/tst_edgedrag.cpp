@@ -165,8 +165,7 @@ void TestEdgeDrag::widerPictureThanBarsCanScrollIsReported() {
     window.dialogs.answer(Answer::Ok);
     window.modes.picDisp_MouseUp(QPoint(40000, 0));
     QCOMPARE(window.dialogs.messages.size(), 1);
-    QVERIFY(window.dialogs.messages.first().text.startsWith(QStringLiteral("picDisp_MouseUp")));
-    QVERIFY(window.dialogs.messages.first().text.contains(QLatin1Char('6')));
+    QVERIFY(window.dialogs.messages.first().text.startsWith(QStringLiteral("picDisp_MouseUp\r\n6     ")));
     QVERIFY(!window.block.ResizingWidth);
     QCOMPARE(lost.count(), 1);
 }

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void messageBoxTextAndTitle();
     void inputBoxAnswers();
     void openFileGivesPathAndType();
+    void allFilesShowsNamesWithoutADot();
     void openFileCancelled();
     void saveFileShowsTypesAsTheyStand();
     void saveFileTellsTheChosenType();
@@ -184,6 +185,21 @@ void TestQtDialogs::openFileGivesPathAndType() {
     QVERIFY(choice);
     QCOMPARE(choice->path, folder.filePath(QStringLiteral("photo.JPG")));
     QCOMPARE(choice->typeIndex, 1);
+}
+
+void TestQtDialogs::allFilesShowsNamesWithoutADot() {
+    QtDialogs dialogs;
+    FileRequest request;
+    request.title = QStringLiteral("x");
+    request.types = {{QStringLiteral("Tous les fichiers(*.*)"), {"*.*"}}};
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        QCOMPARE(dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->itemText(0),
+                 QStringLiteral("Tous les fichiers(*.*)"));
+        QVERIFY(QDir::match(dialog.nameFilters().first().section(QLatin1Char('('), -1).chopped(1),
+                            QStringLiteral("bmp")));
+        dialog.reject();
+    });
+    QVERIFY(!dialogs.openFile(request));
 }
 
 void TestQtDialogs::openFileCancelled() {

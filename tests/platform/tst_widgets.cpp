@@ -14,6 +14,7 @@
 #include <QPixmap>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 using namespace ovrano;
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void pictureBoxFollowsTheSize();
     void pictureBoxRepaintsOnlyWhatChanged();
     void pictureBoxReportsWholePixels();
+    void lostReleaseIsMadeUpFor();
     void pictureBoxPointer();
     void hourglassIsSetAndReleasedOnce();
     void imageButtonIsAToggleOnlyByItsHandler();
@@ -116,6 +118,25 @@ void TestWidgets::pictureBoxReportsWholePixels() {
     QTest::mouseRelease(&box, Qt::RightButton, {}, QPoint(7, 8));
     QCOMPARE(up.first().at(0).value<Qt::MouseButton>(), Qt::RightButton);
     QCOMPARE(up.first().at(1).toPoint(), QPoint(7, 8));
+}
+
+void TestWidgets::lostReleaseIsMadeUpFor() {
+    Surface surface(QStringLiteral("s"), QSize(40, 30));
+    PictureBox box(surface);
+    QStringList events;
+    connect(&box, &PictureBox::mouseMove, [&] { events.append(QStringLiteral("move")); });
+    connect(&box, &PictureBox::mouseUp, [&](Qt::MouseButton button) {
+        events.append(button == Qt::LeftButton ? QStringLiteral("left up") : QStringLiteral("other up"));
+    });
+    const auto move = [&box](Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, QPointF(5, 5), QPointF(), Qt::NoButton, held, {});
+        QCoreApplication::sendEvent(&box, &event);
+    };
+    QTest::mousePress(&box, Qt::LeftButton, {}, QPoint(3, 3));
+    move(Qt::LeftButton);
+    move(Qt::NoButton); // a dialog took the release
+    move(Qt::NoButton);
+    QCOMPARE(events, QStringList({"move", "left up", "move", "move"}));
 }
 
 void TestWidgets::pictureBoxPointer() {
@@ -259,6 +280,14 @@ void TestWidgets::clipboardFormats() {
     QVERIFY(clipboardOffers(ClipboardFormat::Metafile));
     QVERIFY(!clipboardOffers(ClipboardFormat::Bitmap));
     QVERIFY(clipboardOffersPicture());
+    auto* file = new QMimeData;
+    file->setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/Photo.JPG"))});
+    clipboard->setMimeData(file);
+    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap)); // by its name; the file is not touched
+    auto* text = new QMimeData;
+    text->setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/lettre.txt"))});
+    clipboard->setMimeData(text);
+    QVERIFY(!clipboardOffersPicture());
     auto* bitmap = new QMimeData;
     bitmap->setData(QStringLiteral("image/x-MS-bmp"), "BM");
     clipboard->setMimeData(bitmap);

@@ -18,8 +18,34 @@ namespace {
 
 constexpr int Patience = 15'000; // ms until something that should appear has not
 
-QRect onScreen(const QWidget& widget) {
-    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+/// A part of a visible widget, in the widget's coordinates.
+struct Spot {
+    const QWidget* widget = nullptr;
+    QRect part;
+};
+
+/// Where a spot is on the screen, once it and its window stand still. `find` is asked in the program's
+/// thread.
+QRect settledPlace(User& user, const std::function<Spot()>& find, const QString& what) {
+    QRect last;
+    user.waitFor(
+        [&] {
+            const Spot spot = find();
+            if (!spot.widget || !user.input.isInPlace(*spot.widget->window()->windowHandle()))
+                return false;
+            const QRect now = spot.part.translated(spot.widget->mapToGlobal(QPoint(0, 0)));
+            return std::exchange(last, now) == now && !now.isEmpty();
+        },
+        what);
+    return last;
+}
+
+/// The whole of a widget that can be worked.
+std::function<Spot()> usable(const std::function<QWidget*()>& find) {
+    return [find]() -> Spot {
+        const QWidget* widget = find();
+        return widget && widget->isEnabled() ? Spot{widget, widget->rect()} : Spot{};
+    };
 }
 
 /// The action of a menu bar or menu that has the name itself or whose menu has it.
@@ -31,28 +57,35 @@ QAction* actionNamed(const QWidget& bar, const QString& name) {
     return found == actions.end() ? nullptr : *found;
 }
 
-/// Where an action of a visible menu bar or menu is on the screen; empty while it is not.
+/// An action of a visible menu bar or menu.
 template<typename Bar>
-QRect actionPlace(const QString& name) {
+Spot actionSpot(const QString& name) {
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         QList<const Bar*> bars = window->findChildren<const Bar*>();
         if (const auto* itself = qobject_cast<const Bar*>(window))
             bars.append(itself);
         for (const Bar* bar : bars)
             if (QAction* action = bar->isVisible() ? actionNamed(*bar, name) : nullptr)
-                return bar->actionGeometry(action).translated(bar->mapToGlobal(QPoint(0, 0)));
+                return {bar, bar->actionGeometry(action)};
     }
     return {};
 }
 
-QRect itemPlace(QComboBox& combo, const QString& text) {
-    QAbstractItemView* list = combo.view();
-    const int row = combo.findText(text);
-    if (row < 0 || !list->isVisible())
+/// A row of a combo box's open list, scrolled into view.
+Spot itemSpot(const QString& name, const QString& text) {
+    auto* combo = qobject_cast<QComboBox*>(User::shown(name));
+    const int row = combo ? combo->findText(text) : -1;
+    if (row < 0 || !combo->view()->isVisible())
         return {};
-    const QModelIndex index = combo.model()->index(row, combo.modelColumn(), combo.rootModelIndex());
+    QAbstractItemView* list = combo->view();
+    const QModelIndex index = combo->model()->index(row, combo->modelColumn(), combo->rootModelIndex());
     list->scrollTo(index);
-    return list->visualRect(index).translated(list->viewport()->mapToGlobal(QPoint(0, 0)));
+    return {list->viewport(), list->visualRect(index)};
+}
+
+bool isListOpen(const QString& name) {
+    const auto* combo = qobject_cast<const QComboBox*>(User::shown(name));
+    return combo && combo->view()->isVisible();
 }
 
 } // namespace
@@ -71,66 +104,48 @@ void User::waitFor(const std::function<bool()>& condition, const QString& what) 
 }
 
 void User::waitForWindow(const QString& name) {
-    QRect last;
-    waitFor(
-        [&] {
-            const QWidget* widget = shown(name);
-            const QWidget* window = widget ? widget->window() : nullptr;
-            if (!window || !window->isActiveWindow() || !window->windowHandle()->isExposed())
-                return false;
-            return std::exchange(last, window->frameGeometry()) == window->frameGeometry();
-        },
-        name);
+    waitFor([&] { return shown(name) && shown(name)->isActiveWindow(); }, name);
+    const auto window = [&]() -> Spot {
+        const QWidget* widget = shown(name);
+        return widget ? Spot{widget->window(), widget->window()->rect()} : Spot{};
+    };
+    settledPlace(*this, window, name);
 }
 
 QRect User::place(const QString& name) {
-    return ask<QWidget>(name, [](const QWidget& widget) { return onScreen(widget); });
+    return settledPlace(*this, usable([&] { return shown(name); }), name);
 }
 
 void User::click(const QString& name) {
-    click([&] { return shown(name); }, name);
+    input.click(place(name).center());
 }
 
 void User::click(const std::function<QWidget*()>& find, const QString& what) {
-    QRect where;
-    waitFor(
-        [&] {
-            const QWidget* widget = find();
-            if (!widget || !widget->isEnabled())
-                return false;
-            where = onScreen(*widget);
-            return true;
-        },
-        what);
-    input.click(where.center());
+    input.click(settledPlace(*this, usable(find), what).center());
 }
 
 void User::chooseMenu(const QString& menu, const QString& entry) {
-    QRect where;
-    waitFor([&] { return !(where = actionPlace<QMenuBar>(menu)).isEmpty(); }, menu);
-    input.click(where.center());
-    waitFor([&] { return !(where = actionPlace<QMenu>(entry)).isEmpty(); }, entry);
-    input.click(where.center());
+    input.click(settledPlace(
+                    *this, [&] { return actionSpot<QMenuBar>(menu); }, menu)
+                    .center());
+    input.click(settledPlace(
+                    *this, [&] { return actionSpot<QMenu>(entry); }, entry)
+                    .center());
 }
 
 void User::chooseItem(const QString& combo, const QString& text) {
     // The arrow is at the right end; the rest of an editable box is its text field.
-    const QRect box = place(combo);
-    input.click(QPoint(box.right() - box.height() / 2, box.center().y()));
-    QRect where;
-    waitFor(
-        [&] {
-            auto* open = qobject_cast<QComboBox*>(shown(combo));
-            return open && !(where = itemPlace(*open, text)).isEmpty();
-        },
-        combo + QStringLiteral(" with ") + text);
-    input.click(where.center());
-    waitFor(
-        [&] {
-            const auto* open = qobject_cast<QComboBox*>(shown(combo));
-            return open && !open->view()->isVisible();
-        },
-        combo + QStringLiteral(" to close"));
+    const auto arrow = [&]() -> Spot {
+        const QWidget* box = shown(combo);
+        const int side = box ? box->height() : 0;
+        return box ? Spot{box, QRect(box->width() - side, 0, side, side)} : Spot{};
+    };
+    input.click(settledPlace(*this, arrow, combo).center());
+    const QString row = combo + QStringLiteral(" with ") + text;
+    input.click(settledPlace(
+                    *this, [&] { return itemSpot(combo, text); }, row)
+                    .center());
+    waitFor([&] { return !isListOpen(combo); }, combo + QStringLiteral(" to close"));
 }
 
 void User::retype(const QString& field, const QString& text) {

@@ -38,17 +38,10 @@ public:
     /// What the screen shows, window frames included.
     QImage screen();
 
+    /// Where a visible and usable widget is on the screen.
+    QRect place(const QString& name);
     /// A visible widget, or nothing; only for the program's thread.
     static QWidget* shown(const QString& name);
-    /// Where a visible widget is on the screen.
-    QRect place(const QString& name);
-
-    /// The same for a widget of a certain class: inGui(), then the class's own functions.
-    template<typename Widget, typename Ask>
-    auto ask(const QString& name, Ask&& question) {
-        waitFor([&] { return qobject_cast<Widget*>(shown(name)) != nullptr; }, name);
-        return inGui([&] { return question(*qobject_cast<Widget*>(shown(name))); });
-    }
 };
 
 } // namespace ovrano::testing

@@ -2,13 +2,13 @@
 
 #include "support/guithread.h"
 #include "support/inputerror.h"
+#include "support/x11reply.h"
 
 #include <QGuiApplication>
 #include <QStyleHints>
 #include <QWindow>
 
 #include <array>
-#include <cstdlib>
 #include <ranges>
 #include <xcb/xtest.h>
 
@@ -70,8 +70,8 @@ void X11Input::send(Input type, std::uint8_t detail, QPoint position) {
 
 QPoint X11Input::pointer() {
     const auto request = xcb_query_pointer(m_connection.get(), m_root);
-    const std::unique_ptr<xcb_query_pointer_reply_t, decltype(&std::free)> reply(
-        xcb_query_pointer_reply(m_connection.get(), request, nullptr), &std::free);
+    const Reply<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(m_connection.get(), request, nullptr));
     if (!reply)
         throw InputError(QStringLiteral("the X server is gone"));
     return {reply->root_x, reply->root_y};
@@ -109,6 +109,22 @@ void X11Input::deliver(const std::vector<Event>& events, const QString& what) {
             return true;
         },
         what);
+}
+
+bool X11Input::isInPlace(const QWindow& window) {
+    xcb_connection_t* server = m_connection.get();
+    const auto id = static_cast<xcb_window_t>(window.winId());
+    const auto askState = xcb_get_window_attributes(server, id);
+    const auto askSize = xcb_get_geometry(server, id);
+    const auto askPlace = xcb_translate_coordinates(server, id, m_root, 0, 0);
+    const Reply<xcb_get_window_attributes_reply_t> state(
+        xcb_get_window_attributes_reply(server, askState, nullptr));
+    const Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server, askSize, nullptr));
+    const Reply<xcb_translate_coordinates_reply_t> place(
+        xcb_translate_coordinates_reply(server, askPlace, nullptr));
+    if (!state || !size || !place || state->map_state != XCB_MAP_STATE_VIEWABLE)
+        return false;
+    return window.geometry() == QRect(place->dst_x, place->dst_y, size->width, size->height);
 }
 
 void X11Input::moveTo(QPoint global) {

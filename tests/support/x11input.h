@@ -13,6 +13,8 @@
 #include <set>
 #include <vector>
 
+class QWindow;
+
 namespace ovrano::testing {
 
 /// A mouse and a keyboard: gives the X server events as hardware would (extension XTEST), so that they take
@@ -32,6 +34,10 @@ public:
 
     /// How long an event may take to arrive, in milliseconds.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
+
+    /// Whether the server shows a window where and as large as the program takes it to be. It lags behind
+    /// while the window manager has yet to act. For the program's thread.
+    bool isInPlace(const QWindow& window);
 
     void moveTo(QPoint global);
     void press(Qt::MouseButton button = Qt::LeftButton);

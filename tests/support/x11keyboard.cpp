@@ -1,10 +1,9 @@
 #include "support/x11keyboard.h"
 
 #include "support/inputerror.h"
+#include "support/x11reply.h"
 
 #include <array>
-#include <cstdlib>
-#include <memory>
 #include <span>
 
 namespace ovrano::testing {
@@ -62,8 +61,8 @@ void X11Keyboard::readLayout() {
     const std::size_t count = setup->max_keycode - first + 1;
     const auto request =
         xcb_get_keyboard_mapping(m_connection, setup->min_keycode, static_cast<std::uint8_t>(count));
-    const std::unique_ptr<xcb_get_keyboard_mapping_reply_t, decltype(&std::free)> reply(
-        xcb_get_keyboard_mapping_reply(m_connection, request, nullptr), &std::free);
+    const Reply<xcb_get_keyboard_mapping_reply_t> reply(
+        xcb_get_keyboard_mapping_reply(m_connection, request, nullptr));
     if (!reply)
         throw InputError(QStringLiteral("the X server does not tell its keyboard's layout"));
     const std::size_t width = reply->keysyms_per_keycode;
@@ -102,8 +101,7 @@ bool X11Keyboard::bind(xcb_keycode_t code, xcb_keysym_t symbol) {
     const std::array<xcb_keysym_t, 2> symbols = {symbol, symbol};
     const auto request = xcb_change_keyboard_mapping_checked(
         m_connection, 1, code, static_cast<std::uint8_t>(symbols.size()), symbols.data());
-    const std::unique_ptr<xcb_generic_error_t, decltype(&std::free)> failure(
-        xcb_request_check(m_connection, request), &std::free);
+    const Reply<xcb_generic_error_t> failure(xcb_request_check(m_connection, request));
     return failure == nullptr;
 }
 

@@ -15,10 +15,7 @@ struct StyleBench {
     QSignalSpy pickerReleased{&panel, &StylePanel::pickerReleased};
     QSignalSpy focusRequested{&panel, &StylePanel::pictureFocusRequested};
 
-    StyleBench() {
-        work.ImageLoaded = true;
-        dialogs.messages.clear();
-    }
+    StyleBench() { work.ImageLoaded = true; }
     QLineEdit* sizeEdit() const { return panel.txtFontSize->lineEdit(); }
     QString size() const { return panel.txtFontSize->currentText(); }
     QString lastMessage() const {

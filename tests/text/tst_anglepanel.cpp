@@ -203,7 +203,11 @@ void TestAnglePanel::sampleFollowsTheDraggedThumb() {
 void TestAnglePanel::keysTurnByOneAndTen() {
     AnglePanel panel;
     panel.show();
-    panel.HsbRotateAngle->setFocus();
+    panel.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&panel));
+    panel.cboRotateAngle->setFocus();
+    QTest::keyClick(panel.cboRotateAngle, Qt::Key_Tab);
+    QVERIFY(panel.HsbRotateAngle->hasFocus());
     QTest::keyClick(panel.HsbRotateAngle, Qt::Key_Right);
     verifyShows(panel, 1);
     QTest::keyClick(panel.HsbRotateAngle, Qt::Key_PageUp);
