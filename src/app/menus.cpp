@@ -66,9 +66,9 @@ void Menus::buildText() {
     mnuTextWrite[0]->setChecked(true);
 }
 
-void Menus::setRule(QMenu* menu, std::function<void()> rule) {
+void Menus::setRule(QMenu* menu, const std::function<void()>& rule) {
     connect(menu, &QMenu::aboutToShow, this, rule);
-    m_rules.insert(menu, std::move(rule));
+    m_rules.insert(menu, rule);
 }
 
 void Menus::setCommand(QAction* entry, std::function<void()> command) {

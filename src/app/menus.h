@@ -45,7 +45,7 @@ public:
     std::array<QAction*, 3> mnuTextWrite;
 
     /// Runs when a menu opens, and before a key of one of its entries is obeyed.
-    void setRule(QMenu* menu, std::function<void()> rule);
+    void setRule(QMenu* menu, const std::function<void()>& rule);
     void setCommand(QAction* entry, std::function<void()> command);
     /// The entry has a command that is connected elsewhere.
     void markConnected(QAction* entry);

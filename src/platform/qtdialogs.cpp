@@ -142,7 +142,7 @@ std::optional<FileChoice> QtDialogs::saveFile(const FileRequest& request) {
     // The question is asked below, for the file that will really be replaced.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     prepare(dialog, request);
-    while (const auto choice = run(dialog, request))
+    while (auto choice = run(dialog, request))
         if (mayReplace(request, *choice))
             return choice;
     return std::nullopt;

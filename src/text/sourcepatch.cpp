@@ -43,7 +43,7 @@ void SourcePatch::load(const Raster& raster, const QRect& area) {
 void SourcePatch::copyTile(const QImage& tile, const QRect& place) {
     const int left = place.left() % Raster::TileSide;
     const QPoint to = place.topLeft() - m_area.topLeft();
-    QRgb* out = m_pixels.data() + to.y() * Side + to.x();
+    QRgb* out = m_pixels.data() + std::ptrdiff_t{to.y()} * Side + to.x();
     for (int y = place.top(); y <= place.bottom(); ++y, out += Side) {
         const auto* row = reinterpret_cast<const QRgb*>(tile.constScanLine(y % Raster::TileSide));
         if (copyRow(row + left, place.width(), m_skipped, out))

@@ -2,6 +2,7 @@
 
 #include "platform/raster.h"
 
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -28,7 +29,7 @@ public:
     const QRect& inkedRows() const { return m_inkedRows; }
 
     /// The pixel at a place of the area; the pixel below it is Side further on.
-    const QRgb* at(int x, int y) const { return m_pixels.data() + y * Side + x; }
+    const QRgb* at(int x, int y) const { return m_pixels.data() + std::ptrdiff_t{y} * Side + x; }
 
 private:
     void copyTile(const QImage& tile, const QRect& place);

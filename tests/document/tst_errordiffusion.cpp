@@ -50,7 +50,10 @@ public:
 private:
     using Sums = std::array<int, 3>; // red, green, blue, in 64ths
 
-    Sums& sums(int x, int y) { return m_sums[static_cast<std::size_t>(y * m_image.width() + x)]; }
+    Sums& sums(int x, int y) {
+        return m_sums[static_cast<std::size_t>(y) * static_cast<std::size_t>(m_image.width()) +
+                      static_cast<std::size_t>(x)];
+    }
 
     static Sums channels(QRgb colour) { return {qRed(colour), qGreen(colour), qBlue(colour)}; }
 

@@ -199,8 +199,8 @@ void PictureDamageTest::announcedSizeIsNotBelieved() {
 // Runs may skip pixels: they are of the palette's first colour then, not what the memory held.
 void PictureDamageTest::leftOutPixelsHaveTheFirstColour() {
     const QByteArray runs("\x02\x01\0\1", 4);
-    Raster expected(QSize(8, 8), Red);
-    expected.fill(QRect(0, 7, 2, 1), Blue);
+    Raster expected(QSize(8, 8), rgb(255, 0, 0));
+    expected.fill(QRect(0, 7, 2, 1), rgb(0, 0, 255));
     QVERIFY(decodePicture(tinyRunLengthBmp(8, runs)) == expected);
 }
 

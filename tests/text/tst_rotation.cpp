@@ -1,215 +1,25 @@
-#include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "support/grid.h"
+#include "text/fourfoldloop.h"
 #include "text/rotation.h"
 
 #include <QTest>
 
-#include <array>
-#include <cmath>
 #include <functional>
 #include <limits>
-#include <set>
 #include <utility>
 
 using namespace ovrano;
 
 namespace {
 
-constexpr double Pi = 3.14159265359;
-constexpr Colour Ground = rgb(200, 210, 220); // what the destination shows before
-constexpr Colour Background = White;
-
-using Pixel = std::pair<int, int>;
-
-/// What one rotation is to do, besides its source.
-struct Order {
-    double angle = 0;
-    bool skipBackground = false;
-    Colour background = Background;
-    bool mixed = false;
-    QPoint centre = QPoint(0, 0);
-};
-
-void rotate(const Surface& source, Surface& destination, const Order& order) {
-    RotatePicture(source, destination, order.angle, order.skipBackground, order.background, order.mixed,
-                  order.centre.x(), order.centre.y());
-}
-
-/// A surface of one colour.
-void prepare(Surface& surface, QSize size, Colour colour) {
-    surface.setBackColor(colour);
-    surface.setInnerSize(size);
-}
-
-/// Every pixel another colour, but for every third, which is background.
-Raster motley(QSize size) {
-    Raster picture(size, Background);
-    for (int y = 0; y < size.height(); ++y)
-        for (int x = 0; x < size.width(); ++x)
-            if ((x + 2 * y) % 3 != 1)
-                picture.setPixel(x, y, rgb((x * 37 + y * 11) % 250, (x * 5 + y * 71) % 250, (x ^ y) % 250));
-    return picture;
-}
-
-void show(Surface& surface, const Raster& picture) {
-    surface.setInnerSize(picture.size());
-    surface.setPicture(picture);
-}
-
 /// A picture turned into the middle of a white one.
-QStringList turned(const QStringList& rows, QSize size, const Order& order) {
+QStringList turned(const QStringList& rows, QSize size, const RotationOrder& order) {
     Surface source(QStringLiteral("source"));
     show(source, grid(rows));
     Surface destination(QStringLiteral("destination"), size);
     rotate(source, destination, order);
     return rowsOf(destination.Image());
-}
-
-/// The rotation as a plain loop over a quarter of the plane with four pixels a step: slow and obvious.
-class FourfoldLoop {
-public:
-    FourfoldLoop(const Raster& source, const Raster& destination, const Order& order)
-        : m_source(source)
-        , m_destination(destination)
-        , m_order(order)
-        , m_side(sideOf(source)) {
-        if (m_order.centre.x() == 0)
-            m_order.centre.setX(destination.width() / 2);
-        if (m_order.centre.y() == 0)
-            m_order.centre.setY(destination.height() / 2);
-    }
-
-    const Raster& run() {
-        for (double o = 0; o <= m_side / 2.0; ++o)
-            for (double i = 0; i <= m_side / 2.0; ++i)
-                step(o, i);
-        return m_destination;
-    }
-
-    /// Only the row and the column of the centre, of which a large picture has few enough.
-    const Raster& runAxes() {
-        for (double i = 0; i <= m_side / 2.0; ++i)
-            step(0, i);
-        for (double o = 1; o <= m_side / 2.0; ++o)
-            step(o, 0);
-        return m_destination;
-    }
-
-    QPoint centre() const { return m_order.centre; }
-
-    /// Pixels beside the axes that a tiny error may give another colour.
-    const std::set<Pixel>& doubtful() const { return m_doubtful; }
-
-private:
-    static std::int16_t sideOf(const Raster& source) {
-        const double w = source.width();
-        const double h = source.height();
-        return toInteger16(std::sqrt(w * w + h * h) + 2);
-    }
-
-    void step(double o, double i) {
-        const double sx = m_source.width() / 2;
-        const double sy = m_source.height() / 2;
-        const double theta = (m_order.angle / 360) * 2 * Pi;
-        const double a = o == 0 ? Pi / 2 : std::atan(i / o);
-        const double r = std::sqrt(o * o + i * i);
-        const double c = r * std::cos(theta + a);
-        const double s = r * std::sin(theta + a);
-        copy(sx + c, sy + s, o, i);
-        copy(sx - c, sy - s, -o, -i);
-        copy(sx + s, sy - c, i, -o);
-        copy(sx - s, sy + c, -i, o);
-    }
-
-    static bool nearHalf(double value) { return std::abs(value - std::floor(value) - 0.5) < 1e-9; }
-
-    void copy(double x, double y, double dx, double dy) {
-        const Pixel to(m_order.centre.x() + static_cast<int>(dx), m_order.centre.y() + static_cast<int>(dy));
-        if (dx != 0 && dy != 0 && (nearHalf(x) || nearHalf(y)))
-            m_doubtful.insert(to);
-        const Colour colour =
-            m_source.pixel(static_cast<int>(roundHalfEven(x)), static_cast<int>(roundHalfEven(y)));
-        if (colour == InvalidColour || (m_order.skipBackground && colour == m_order.background))
-            return;
-        m_destination.setPixel(to.first, to.second, m_order.mixed ? mixed(x, y, colour) : colour);
-    }
-
-    /// Bilinear; what is outside or left out counts as the nearest pixel.
-    Colour mixed(double x, double y, Colour nearest) const {
-        const double left = std::floor(x);
-        const double top = std::floor(y);
-        std::array<double, 3> sum{};
-        for (int corner = 0; corner < 4; ++corner) {
-            const double px = left + corner % 2;
-            const double py = top + corner / 2;
-            Colour colour = m_source.pixel(static_cast<int>(px), static_cast<int>(py));
-            if (colour == InvalidColour || (m_order.skipBackground && colour == m_order.background))
-                colour = nearest;
-            const double weight = (1 - std::abs(x - px)) * (1 - std::abs(y - py));
-            sum[0] += weight * redOf(colour);
-            sum[1] += weight * greenOf(colour);
-            sum[2] += weight * blueOf(colour);
-        }
-        return rgb(qRound(sum[0]), qRound(sum[1]), qRound(sum[2]));
-    }
-
-    const Raster& m_source;
-    Raster m_destination;
-    Order m_order;
-    std::int16_t m_side;
-    std::set<Pixel> m_doubtful;
-};
-
-int distance(Colour a, Colour b) {
-    return std::max(
-        {std::abs(redOf(a) - redOf(b)), std::abs(greenOf(a) - greenOf(b)), std::abs(blueOf(a) - blueOf(b))});
-}
-
-/// Fails where the rotation and the plain loop differ by more than `tolerance` in a channel.
-void compareWithLoop(const Raster& picture, QSize destinationSize, const Order& order, int tolerance = 0) {
-    Surface source(QStringLiteral("source"));
-    show(source, picture);
-    Surface destination(QStringLiteral("destination"));
-    prepare(destination, destinationSize, Ground);
-    FourfoldLoop loop(picture, destination.Image(), order);
-    const Raster& expected = loop.run();
-    rotate(source, destination, order);
-    if (destination.Image() == expected)
-        return;
-    QVERIFY2(loop.doubtful().size() < 3, "too much left out");
-    for (int y = 0; y < destinationSize.height(); ++y)
-        for (int x = 0; x < destinationSize.width(); ++x) {
-            if (loop.doubtful().count(Pixel(x, y)) != 0)
-                continue;
-            const Colour is = destination.Image().pixel(x, y);
-            const Colour wanted = expected.pixel(x, y);
-            QVERIFY2(is == wanted || (is != Ground && wanted != Ground && distance(is, wanted) <= tolerance),
-                     qPrintable(QStringLiteral("angle %1, pixel (%2, %3): %4 instead of %5")
-                                    .arg(order.angle)
-                                    .arg(x)
-                                    .arg(y)
-                                    .arg(is, 6, 16)
-                                    .arg(wanted, 6, 16)));
-        }
-}
-
-/// The same for the row and the column of the centre alone, where nothing may differ.
-void compareAxesWithLoop(const Surface& source, QSize destinationSize, const Order& order) {
-    Surface destination(QStringLiteral("destination"));
-    prepare(destination, destinationSize, Ground);
-    FourfoldLoop loop(source.Image(), destination.Image(), order);
-    const Raster& expected = loop.runAxes();
-    rotate(source, destination, order);
-    const QPoint centre = loop.centre();
-    for (int x = 0; x < expected.width(); ++x)
-        QCOMPARE(destination.Image().pixel(x, centre.y()), expected.pixel(x, centre.y()));
-    for (int y = 0; y < expected.height(); ++y)
-        QCOMPARE(destination.Image().pixel(centre.x(), y), expected.pixel(centre.x(), y));
-}
-
-int squareFor(QSize size) {
-    return static_cast<int>(std::sqrt(size.width() * size.width() + size.height() * size.height()) + 3);
 }
 
 int errorOf(const std::function<void()>& step) {
@@ -240,16 +50,7 @@ private Q_SLOTS:
     void backgroundIsCopiedUnlessSkipped();
     void impossibleBackgroundSkipsNothing();
     void zeroCentreIsTheMiddle();
-    void equalsPlainLoop_data();
-    void equalsPlainLoop();
-    void axesEqualPlainLoopAtHalves();
-    void equalsPlainLoopAcrossTiles_data();
-    void equalsPlainLoopAcrossTiles();
-    void equalsPlainLoopOffCentre_data();
-    void equalsPlainLoopOffCentre();
     void farCentresDrawNothing();
-    void mixedEqualsPlainLoop_data();
-    void mixedEqualsPlainLoop();
     void mixedIsExactAtQuarterTurns();
     void mixedHasNoPaleSeam();
     void diagonalIsLimitedTo16Bits();
@@ -371,79 +172,6 @@ void TestRotation::zeroCentreIsTheMiddle() {
     }
 }
 
-void TestRotation::equalsPlainLoop_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<bool>("skip");
-    const std::array<QSize, 9> sizes = {QSize(9, 7),  QSize(8, 6),  QSize(7, 12), QSize(1, 11), QSize(2, 11),
-                                        QSize(11, 1), QSize(10, 1), QSize(1, 1),  QSize(2, 2)};
-    for (const QSize size : sizes)
-        for (const bool skip : {false, true})
-            QTest::addRow("%d x %d%s", size.width(), size.height(), skip ? ", skipping" : "") << size << skip;
-}
-
-void TestRotation::equalsPlainLoop() {
-    QFETCH(QSize, size);
-    QFETCH(bool, skip);
-    const int side = squareFor(size);
-    for (int angle = -360; angle <= 360 && !QTest::currentTestFailed(); ++angle)
-        compareWithLoop(motley(size), QSize(side, side), {.angle = double(angle), .skipBackground = skip});
-    compareWithLoop(motley(size), QSize(side, side), {.angle = 12.345, .skipBackground = skip});
-    compareWithLoop(motley(size), QSize(side, side), {.angle = 1e-6, .skipBackground = skip});
-    compareWithLoop(motley(size), QSize(side, side), {.angle = 1e6, .skipBackground = skip});
-}
-
-/// At multiples of 30 degrees every other pixel of the centre's row and column lies exactly between two, as
-/// far as the digits of π tell; how many digits count depends on how large the coordinates are.
-void TestRotation::axesEqualPlainLoopAtHalves() {
-    for (const QSize size :
-         {QSize(101, 60), QSize(64, 64), QSize(6001, 7), QSize(8190, 40), QSize(33, 5000)}) {
-        Surface source(QStringLiteral("source"));
-        show(source, motley(size));
-        for (int angle = -360; angle <= 360; angle += 30)
-            for (const bool skip : {false, true})
-                compareAxesWithLoop(source, QSize(1201, 1100),
-                                    {.angle = double(angle), .skipBackground = skip});
-    }
-}
-
-void TestRotation::equalsPlainLoopAcrossTiles_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("four tiles") << QSize(300, 270);
-    QTest::newRow("one tile exactly") << QSize(256, 256);
-    QTest::newRow("long") << QSize(900, 3);
-    QTest::newRow("tall") << QSize(2, 600);
-}
-
-void TestRotation::equalsPlainLoopAcrossTiles() {
-    QFETCH(QSize, size);
-    const int side = squareFor(size);
-    for (const double angle : {0.0, 37.0, 90.0, -113.0, 45.0, 270.5, 359.0})
-        compareWithLoop(motley(size), QSize(side, side), {.angle = angle, .skipBackground = angle > 40});
-}
-
-void TestRotation::equalsPlainLoopOffCentre_data() {
-    QTest::addColumn<QSize>("destination");
-    QTest::addColumn<QPoint>("centre");
-    QTest::newRow("much larger") << QSize(90, 70) << QPoint(0, 0);
-    QTest::newRow("larger, off centre") << QSize(90, 70) << QPoint(61, 23);
-    QTest::newRow("over the right edge") << QSize(40, 40) << QPoint(38, 20);
-    QTest::newRow("over the lower edge") << QSize(40, 40) << QPoint(17, 44);
-    QTest::newRow("over the upper left corner") << QSize(40, 40) << QPoint(-3, -5);
-    QTest::newRow("centre before the left edge") << QSize(40, 40) << QPoint(-1, 20);
-    QTest::newRow("smaller than the source") << QSize(7, 5) << QPoint(0, 0);
-    QTest::newRow("one pixel") << QSize(1, 1) << QPoint(4, -6);
-    QTest::newRow("out of reach") << QSize(20, 20) << QPoint(60, 10);
-}
-
-void TestRotation::equalsPlainLoopOffCentre() {
-    QFETCH(QSize, destination);
-    QFETCH(QPoint, centre);
-    for (int angle = -360; angle <= 360 && !QTest::currentTestFailed(); angle += 7)
-        for (const bool skip : {false, true})
-            compareWithLoop(motley(QSize(23, 16)), destination,
-                            {.angle = double(angle), .skipBackground = skip, .centre = centre});
-}
-
 void TestRotation::farCentresDrawNothing() {
     Surface source(QStringLiteral("source"));
     show(source, motley(QSize(20, 20)));
@@ -456,26 +184,6 @@ void TestRotation::farCentresDrawNothing() {
          {QPoint(Least, Least), QPoint(Most, Most), QPoint(10, Most), QPoint(Least, 10)})
         rotate(source, destination, {.angle = 45, .centre = centre});
     QVERIFY(destination.Image() == before);
-}
-
-void TestRotation::mixedEqualsPlainLoop_data() {
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<bool>("skip");
-    for (const QSize size :
-         {QSize(9, 7), QSize(8, 6), QSize(1, 11), QSize(10, 1), QSize(1, 1), QSize(300, 5)})
-        for (const bool skip : {false, true})
-            QTest::addRow("%d x %d%s", size.width(), size.height(), skip ? ", skipping" : "") << size << skip;
-}
-
-void TestRotation::mixedEqualsPlainLoop() {
-    QFETCH(QSize, size);
-    QFETCH(bool, skip);
-    const int side = squareFor(size);
-    // A step of the sampler is 1/256 of a pixel, and a channel may change by 250 in either direction.
-    constexpr int Tolerance = 3;
-    for (int angle = -360; angle <= 360 && !QTest::currentTestFailed(); angle += size.width() > 100 ? 37 : 5)
-        compareWithLoop(motley(size), QSize(side, side),
-                        {.angle = double(angle), .skipBackground = skip, .mixed = true}, Tolerance);
 }
 
 void TestRotation::mixedIsExactAtQuarterTurns() {
@@ -495,7 +203,7 @@ void TestRotation::mixedIsExactAtQuarterTurns() {
 /// Ink of one colour stays that colour up to its edge, whatever the background beside it.
 void TestRotation::mixedHasNoPaleSeam() {
     constexpr Colour Ink = rgb(10, 60, 120);
-    Raster picture(QSize(40, 40), Background);
+    Raster picture(QSize(40, 40), White);
     picture.fill(QRect(10, 5, 7, 30), Ink);
     Surface source(QStringLiteral("source"));
     show(source, picture);
@@ -544,7 +252,7 @@ void TestRotation::emptySurfacesAreHarmless() {
 }
 
 void TestRotation::untouchedTilesStayShared() {
-    Raster picture(QSize(1000, 1000), Background);
+    Raster picture(QSize(1000, 1000), White);
     picture.fill(QRect(480, 480, 40, 40), Black);
     Surface source(QStringLiteral("source"));
     show(source, picture);
