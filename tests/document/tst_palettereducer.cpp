@@ -91,7 +91,7 @@ QImage sky(QSize size) {
 /// Letters without smoothing.
 void write(QImage& image, QPoint place, int pixels, QRgb colour) {
     QPainter painter(&image);
-    QFont font("DejaVu Sans");
+    QFont font("Liberation Sans");
     font.setPixelSize(pixels);
     font.setStyleStrategy(QFont::NoAntialias);
     painter.setFont(font);

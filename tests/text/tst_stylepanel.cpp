@@ -205,7 +205,7 @@ void StylePanelTest::sampleFollowsTheSize() {
 
 void StylePanelTest::sampleIsPrintedAsTheTextWillBe() {
     StyleBench bench;
-    bench.panel.cboFontName->setEditText(QStringLiteral("DejaVu Serif"));
+    bench.panel.cboFontName->setEditText(QStringLiteral("Liberation Serif"));
     bench.panel.txtFontSize->setEditText(QStringLiteral("36"));
     bench.panel.imgBold_Click();
     bench.panel.imgItalic_Click();
@@ -217,7 +217,7 @@ void StylePanelTest::sampleIsPrintedAsTheTextWillBe() {
 
 void StylePanelTest::surfaceGetsFontAndColour() {
     StyleBench bench;
-    bench.panel.cboFontName->setEditText(QStringLiteral("DejaVu Serif"));
+    bench.panel.cboFontName->setEditText(QStringLiteral("Liberation Serif"));
     bench.panel.txtFontSize->setEditText(QStringLiteral("36"));
     bench.panel.imgItalic_Click();
     bench.panel.DispDialogColor(rgb(1, 2, 3));
@@ -225,7 +225,7 @@ void StylePanelTest::surfaceGetsFontAndColour() {
 
     bench.panel.ApplyTextFont(surface);
 
-    QCOMPARE(surface.Font(), textFont(QStringLiteral("DejaVu Serif"), 36, false, true));
+    QCOMPARE(surface.Font(), textFont(QStringLiteral("Liberation Serif"), 36, false, true));
     QCOMPARE(surface.ForeColor(), rgb(1, 2, 3));
 }
 
@@ -246,8 +246,8 @@ void StylePanelTest::unavailableFontIsReportedButStays() {
 void StylePanelTest::availableFontIsNotReported_data() {
     QTest::addColumn<QString>("family");
     QTest::newRow("a metric alias") << "Arial";
-    QTest::newRow("installed") << "DejaVu Sans";
-    QTest::newRow("installed, other case") << "dejavu sans";
+    QTest::newRow("installed") << "Liberation Sans";
+    QTest::newRow("installed, other case") << "liberation sans";
 }
 
 void StylePanelTest::availableFontIsNotReported() {
@@ -277,9 +277,9 @@ void StylePanelTest::choosingAFontFromTheListShowsIt() {
 void StylePanelTest::typedFontIsShownAtOnce() {
     StyleBench bench;
 
-    bench.panel.cboFontName->setEditText(QStringLiteral("DejaVu Serif"));
+    bench.panel.cboFontName->setEditText(QStringLiteral("Liberation Serif"));
 
-    QCOMPARE(bench.panel.lblTextSample->font().family(), QStringLiteral("DejaVu Serif"));
+    QCOMPARE(bench.panel.lblTextSample->font().family(), QStringLiteral("Liberation Serif"));
 }
 
 void StylePanelTest::typedFontIsCheckedByReturn() {
