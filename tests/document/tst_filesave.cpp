@@ -12,6 +12,8 @@ private Q_SLOTS:
 
     void titleIsRewritten_data();
     void titleIsRewritten();
+    void linkAndPermissionsAreKept_data();
+    void linkAndPermissionsAreKept();
 
     void dialogIsSetUp();
     void dialogStartsOnTheRowLastUsed();
@@ -67,6 +69,27 @@ void FileSaveTest::titleIsRewritten() {
     QFETCH(int, row);
     QFETCH(QString, saved);
     QCOMPARE(savedTitle(title, row), saved);
+}
+
+void FileSaveTest::linkAndPermissionsAreKept_data() {
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("BMP") << int{Bmp} << "a.bmp";
+    QTest::newRow("JPEG") << int{Jpeg80} << "a.jpg";
+    QTest::newRow("GIF") << int{Gif} << "a.gif";
+}
+
+void FileSaveTest::linkAndPermissionsAreKept() {
+    QFETCH(int, row);
+    QFETCH(QString, name);
+    constexpr QFile::Permissions OwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
+    put(path("real"), "old");
+    QFile::setPermissions(path("real"), OwnerOnly);
+    QVERIFY(QFile::link(path("real"), path(name)));
+    save(name, row);
+    QVERIFY(QFileInfo(path(name)).isSymLink());
+    QVERIFY(contentOf(path("real")) != "old");
+    QVERIFY(!QFileInfo(path("real")).permissions().testFlag(QFile::ReadOther));
 }
 
 void FileSaveTest::dialogIsSetUp() {
