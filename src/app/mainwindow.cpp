@@ -40,7 +40,10 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , m_background(m_work, m_block, *m_toolBox->Command2, *m_toolBox->LblFond, dialogs)
     , m_undo(m_work, m_view, dialogs)
     , m_save(m_work, dialogs)
+    , m_new(m_work, m_view, m_save, *m_toolBox->LblFond, dialogs)
     , m_open(m_work, m_view, m_save, dialogs)
+    , m_copyCut(m_work, m_block, dialogs)
+    , m_paste(m_work, m_view, m_block, *m_toolBox->imgRegion, dialogs)
     , frafont(new StylePanel(m_work, dialogs, m_content))
     , fraRotateAngle(new AnglePanel(m_content))
     , fra1Color3D(
@@ -52,6 +55,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     setWindowTitle(QStringLiteral("Ovrano de création de texte 3D"));
     setMinimumSize(SmallestWindow);
     connectMenus();
+    connectEditMenu();
     connectTextTools();
     connectEditing();
     connectDocument();
@@ -82,14 +86,27 @@ void MainWindow::connectMenus() {
     m_menus.setRule(m_menus.mnuEdit, [this] { mnuEdit_Click(); });
     m_menus.setRule(m_menus.mnuTools, [this] { mnuTools_Click(); });
     m_menus.setRule(m_menus.mnuText, [this] { mnuText_Click(); });
+    m_menus.setCommand(m_menus.mnuFileNew, [this] { m_new.mnuFileNew_Click(); });
     m_menus.setCommand(m_menus.mnuFileOpen, [this] { m_open.mnuFileOpen_Click(); });
     m_menus.setCommand(m_menus.mnuFileSave, [this] { m_save.mnuFileSave_Click(); });
     m_menus.setCommand(m_menus.mnuFileExit, [this] { mnuFileExit_Click(); });
-    m_menus.setCommand(m_menus.mnuEditUndo, [this] { m_undo.mnuEditUndo_Click(); });
     m_menus.markConnected(m_menus.mnuToolsRegion); // by m_pointer
     m_menus.setCommand(m_menus.Mnu_Pipette, [this] { m_pointer.Mnu_Pipette_Click(); });
     m_menus.setCommand(m_menus.Mnu_ChoixCouleur, [this] { frafont->Mnu_ChoixCouleur_Click(); });
     m_menus.setCommand(m_menus.mnuTextWrite[0], [this] { mnuTextWrite_Click(0); });
+}
+
+void MainWindow::connectEditMenu() {
+    m_menus.setCommand(m_menus.mnuEditUndo, [this] { m_undo.mnuEditUndo_Click(); });
+    m_menus.setCommand(m_menus.mnuEditCut, [this] { m_copyCut.mnuEditCut_Click(); });
+    m_menus.setCommand(m_menus.mnuEditCopy, [this] { m_copyCut.mnuEditCopy_Click(); });
+    m_menus.setCommand(m_menus.mnuEditPaste, [this] { m_paste.mnuEditPaste_Click(); });
+    m_menus.setCommand(m_menus.mnuEditPasteTransparent, [this] { m_paste.mnuEditPasteTransparent_Click(); });
+    m_menus.setCommand(m_menus.Mnu_ColleNouvIMG, [this] { m_paste.Mnu_ColleNouvIMG_Click(); });
+    m_menus.setCommand(m_menus.mnuEditPasteFromFile, [this] { m_paste.mnuEditPasteFromFile_Click(); });
+    m_menus.setCommand(m_menus.mnuEditPasteFromFileTransparent,
+                       [this] { m_paste.mnuEditPasteFromFileTransparent_Click(); });
+    m_menus.setCommand(m_menus.mnuEditClearClipboard, [this] { m_copyCut.mnuEditClearClipboard_Click(); });
 }
 
 void MainWindow::connectTextTools() {
@@ -111,6 +128,9 @@ void MainWindow::connectEditing() {
             [this](Colour colour) { frafont->DispDialogColor(colour); });
     connect(&m_pointer, &PointerModes::backgroundColourLocked, &m_background, &BackgroundColour::lock);
     connect(&m_pointer, &PointerModes::undoLost, this, &MainWindow::mnuEdit_Click);
+    connect(&m_copyCut, &CopyCut::editStateChanged, this, &MainWindow::mnuEdit_Click);
+    connect(&m_paste, &Paste::editStateChanged, this, &MainWindow::mnuEdit_Click);
+    connect(&m_paste, &Paste::pickerReleased, &m_pointer, &PointerModes::releasePicker);
 }
 
 void MainWindow::connectDocument() {
@@ -120,6 +140,9 @@ void MainWindow::connectDocument() {
     connect(&m_undo, &Undo::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(&m_open, &FileOpen::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(&m_open, &FileOpen::pictureReplaced, &m_block, &LiftedBlock::forget);
+    connect(&m_new, &FileNew::pickerReleased, &m_pointer, &PointerModes::releasePicker);
+    connect(&m_new, &FileNew::pictureReplaced, &m_block, &LiftedBlock::forget);
+    connect(&m_new, &FileNew::backgroundColourUnlocked, &m_background, &BackgroundColour::unlock);
     connect(&m_work, &WorkPicture::imageSizeShown, lblImageSize, &QLabel::setText);
     connect(&m_work, &WorkPicture::fileNameShown, lblFileSpec, &QLabel::setText);
 }
@@ -141,9 +164,7 @@ void MainWindow::ArrangeMainWindow() {
     takeSize(m_work.picSnap, m_work.picDisp);
     takeSize(m_work.picUndo, m_work.picDisp);
     m_work.showFileName(QStringLiteral("Sans Nom"));
-    m_work.readImageSize();
-    m_view.setScrollMax();
-    m_work.showImageSize();
+    m_view.fitToPicture();
     m_work.ImageLoaded = true;
     m_work.ImageModified = m_work.UndoAvailable = false;
     m_block.HasSelection = m_block.TransparentPaste = m_block.BlockFromPaste = false;

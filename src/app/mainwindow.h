@@ -4,13 +4,16 @@
 #include "app/pathlabel.h"
 #include "app/toolbox.h"
 #include "app/windowlayout.h"
+#include "document/filenew.h"
 #include "document/fileopen.h"
 #include "document/filesave.h"
 #include "document/pictureview.h"
 #include "document/undo.h"
 #include "document/workpicture.h"
 #include "editing/backgroundcolour.h"
+#include "editing/copycut.h"
 #include "editing/liftedblock.h"
+#include "editing/paste.h"
 #include "editing/pointermodes.h"
 #include "text/anglepanel.h"
 #include "text/onecolourpanel.h"
@@ -63,6 +66,7 @@ private:
     QFrame* newTextPanel();
     QLabel* newLabel(const char* name, const QString& text);
     void connectMenus();
+    void connectEditMenu();
     void connectTextTools();
     void connectEditing();
     void connectDocument();
@@ -83,7 +87,10 @@ private:
     BackgroundColour m_background;
     Undo m_undo;
     FileSave m_save;
+    FileNew m_new;
     FileOpen m_open;
+    CopyCut m_copyCut;
+    Paste m_paste;
     StylePanel* frafont;
     AnglePanel* fraRotateAngle;
     OneColourPanel* fra1Color3D;

@@ -17,22 +17,12 @@ void FileOpen::mnuFileOpen_Click() {
     trapErrors(m_dialogs, QStringLiteral("mnuFileOpen_Click"), [this] {
         if (!m_save.confirmDiscard(QStringLiteral("Enregistrer l'image?")))
             return;
-        showOpenDialog();
+        CommonDialog1.DialogTitle = QStringLiteral("Ouvrir une image de fond");
+        CommonDialog1.ShowOpenPicture();
         if (!CommonDialog1.FileName.isEmpty())
             open(CommonDialog1.FileName);
         m_view.picDisp->setFocus();
     });
-}
-
-void FileOpen::showOpenDialog() {
-    CommonDialog1.DialogTitle = QStringLiteral("Ouvrir une image de fond");
-    CommonDialog1.Filter = QStringLiteral("Fichiers Images(BMP-GIF-JPEG|*.bmp;*.gif;*.jpg;*.jpeg|"
-                                          "Tous les fichiers(*.*)|*.*|");
-    CommonDialog1.FilterIndex = 1;
-    CommonDialog1.Flags = CommonDialog::OpenFileMustExist;
-    CommonDialog1.FileName.clear();
-    CommonDialog1.CancelError = true;
-    CommonDialog1.ShowOpen();
 }
 
 void FileOpen::open(const QString& path) {
@@ -41,9 +31,7 @@ void FileOpen::open(const QString& path) {
     resetCompanions();
     m_work.showFileName(path);
     m_view.scrollHome();
-    m_work.readImageSize();
-    m_view.setScrollMax();
-    m_work.showImageSize();
+    m_view.fitToPicture();
     Q_EMIT pickerReleased();
     Q_EMIT pictureReplaced();
     m_work.ImageLoaded = true;
@@ -55,7 +43,7 @@ void FileOpen::load(const QString& path) {
     picDisp.setPicture(Raster());
     picDisp.setAutoSize(true);
     // A file that cannot be read leaves it like this: emptied and sizing itself.
-    picDisp.setPicture(loadPicture(path));
+    picDisp.setPicture(LoadPicture(path));
     picDisp.setAutoSize(false);
 }
 

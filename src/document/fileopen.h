@@ -26,7 +26,6 @@ Q_SIGNALS:
     void pictureReplaced();
 
 private:
-    void showOpenDialog();
     void open(const QString& path);
     void load(const QString& path);
     void resetCompanions();

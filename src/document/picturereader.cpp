@@ -1,7 +1,9 @@
 #include "document/picturereader.h"
 
+#include "document/decodedpicture.h"
 #include "document/files.h"
 #include "document/pictureend.h"
+#include "document/yieldingdevice.h"
 #include "platform/runtimeerror.h"
 
 #include <QBuffer>
@@ -21,11 +23,8 @@ constexpr qint64 FreePixels = 16'000'000;
 constexpr qint64 MaxPixelsPerByte = 10'000;
 
 void requirePlausible(QSize size, qint64 fileBytes) {
-    if (size.isEmpty())
-        throw RuntimeError(error::InvalidPicture);
+    requireAcceptable(size);
     const qint64 pixels = qint64{size.width()} * size.height();
-    if (size.width() > Raster::MaxSide || size.height() > Raster::MaxSide || pixels > MaxPicturePixels)
-        throw RuntimeError(error::OutOfMemory);
     if (pixels > FreePixels && pixels / MaxPixelsPerByte > fileBytes)
         throw RuntimeError(error::InvalidPicture);
 }
@@ -36,62 +35,55 @@ QSize announcedSize(const QImageReader& reader) {
     return QSize(size.width(), qAbs(size.height()));
 }
 
-/// What the decoder is to write into: white, or the first colour of a palette, where a damaged file leaves
-/// pixels out, and never what the memory happened to hold. Null for the formats whose decoders fill the
-/// picture themselves.
-QImage canvas(const QImageReader& reader) {
-    if (reader.imageFormat() == QImage::Format_Invalid)
-        return QImage();
-    QImage image(announcedSize(reader), reader.imageFormat());
-    if (image.isNull())
-        throw RuntimeError(error::OutOfMemory);
-    constexpr uint FirstColour = 0;
-    constexpr uint AllBits = ~0U;
-    image.fill(image.depth() <= 8 ? FirstColour : AllBits);
-    return image;
-}
-
-/// Lays a picture over white.
-QImage opaque(QImage image) {
-    if (!image.hasAlphaChannel())
-        return image;
-    image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        throw RuntimeError(error::OutOfMemory);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (QRgb* pixel = row; pixel < row + image.width(); ++pixel)
-            *pixel += static_cast<QRgb>(255 - qAlpha(*pixel)) * 0x01010101U;
-    }
-    image.reinterpretAsFormat(QImage::Format_RGB32);
-    return image;
-}
-
+/// The format of a device's content; empty when it is none that the program opens.
 QByteArray formatOf(QIODevice& device) {
-    QByteArray format = QImageReader::imageFormat(&device);
-    if (!QByteArrayList({"bmp", "gif", "jpeg", "png"}).contains(format))
-        throw RuntimeError(error::InvalidPicture);
-    return format;
+    const QByteArray format = QImageReader::imageFormat(&device);
+    return QByteArrayList({"bmp", "gif", "jpeg", "png"}).contains(format) ? format : QByteArray();
 }
 
 Raster decode(QIODevice& device) {
     const QByteArray format = formatOf(device);
-    if (!holdsWholePicture(device, format))
+    if (format.isEmpty() || !holdsWholePicture(device, format))
         throw RuntimeError(error::InvalidPicture);
-    device.seek(0);
+    EventYield yield;
+    YieldingDevice yielding(device, yield);
     QImageReader::setAllocationLimit(0); // 128 MB would refuse an ordinary scan; requirePlausible stands in
-    QImageReader reader(&device, format);
-    reader.setAutoTransform(true);
-    requirePlausible(announcedSize(reader), device.size());
-    QImage image = canvas(reader);
+    QImageReader reader(&yielding, format);
+    const QSize size = announcedSize(reader);
+    requirePlausible(size, device.size());
+    QImage image; // a format that is not known beforehand is filled by its decoder
+    if (reader.imageFormat() != QImage::Format_Invalid)
+        image = newCanvas(size, reader.imageFormat(), yield);
     if (!reader.read(&image) || image.isNull())
         throw RuntimeError(error::InvalidPicture);
-    return Raster::fromImage(opaque(std::move(image)));
+    return toRaster(std::move(image), reader.transformation(), yield);
+}
+
+/// A buffer over bytes that outlive it.
+void openOn(QBuffer& buffer, const QByteArray& content) {
+    buffer.setData(content);
+    buffer.open(QIODevice::ReadOnly);
 }
 
 } // namespace
 
-Raster loadPicture(const QString& path) {
+void requireAcceptable(QSize size) {
+    if (size.isEmpty())
+        throw RuntimeError(error::InvalidPicture);
+    const qint64 pixels = qint64{size.width()} * size.height();
+    if (size.width() > Raster::MaxSide || size.height() > Raster::MaxSide || pixels > MaxPicturePixels)
+        throw RuntimeError(error::OutOfMemory);
+}
+
+bool isPlausiblePicture(const QByteArray& content) {
+    QBuffer buffer;
+    openOn(buffer, content);
+    if (formatOf(buffer).isEmpty())
+        return false;
+    return skipOnError([&] { requirePlausible(announcedSize(QImageReader(&buffer)), content.size()); });
+}
+
+Raster LoadPicture(const QString& path) {
     QFile file(path);
     openForReading(file);
     return decode(file);
@@ -99,8 +91,7 @@ Raster loadPicture(const QString& path) {
 
 Raster decodePicture(const QByteArray& content) {
     QBuffer buffer;
-    buffer.setData(content);
-    buffer.open(QIODevice::ReadOnly);
+    openOn(buffer, content);
     return decode(buffer);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/raster.h"
 
 #include <QByteArray>
+#include <QSize>
 #include <QString>
 
 namespace ovrano {
@@ -15,10 +16,16 @@ namespace ovrano {
 ///
 /// Throws RuntimeError 53 (no such file), 76 (no such folder), 75 (a folder or a device), 70 (not allowed),
 /// 481 (not a picture, empty, damaged or cut off) or 7 (larger than MaxPicturePixels).
-Raster loadPicture(const QString& path);
+Raster LoadPicture(const QString& path);
 
 /// The same for the content of such a file. Throws RuntimeError 481 or 7.
 Raster decodePicture(const QByteArray& content);
+
+/// Whether bytes look like such a file, of a size that can be opened. Nothing is decoded.
+bool isPlausiblePicture(const QByteArray& content);
+
+/// Throws RuntimeError 481 when a size is empty, 7 when it is larger than what the program can hold.
+void requireAcceptable(QSize size);
 
 /// The largest picture that is opened, 1 GB in memory: more than the scans that are in use, and just what the
 /// BMP decoder takes, so that a picture that was opened as JPEG can be saved as BMP and opened again.

@@ -103,6 +103,12 @@ void PictureView::setScrollMax() {
     vertically();
 }
 
+void PictureView::fitToPicture() {
+    m_work.readImageSize();
+    setScrollMax();
+    m_work.showImageSize();
+}
+
 void PictureView::scrollHome() {
     HScroll1->setValue(0);
     VScroll1->setValue(0);

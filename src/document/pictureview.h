@@ -44,6 +44,10 @@ public:
     /// Recomputes both bars' ranges after any change of the picture's or the viewport's size.
     void setScrollMax();
 
+    /// The picture may have another size now: takes it over, recomputes the bars' ranges and shows the size.
+    /// Throws RuntimeError 6, before anything is shown, when the picture is larger than the bars can scroll.
+    void fitToPicture();
+
     /// Back to the picture's upper-left corner.
     void scrollHome();
 

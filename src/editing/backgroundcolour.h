@@ -24,6 +24,7 @@ public:
     /// The button and its label can be used only while no tool holds the picture's background.
     void setUsable(bool usable);
     void lock() { setUsable(false); }
+    void unlock() { setUsable(true); }
 
 private:
     void apply(Colour colour);

@@ -72,8 +72,20 @@ QSize LiftedBlock::selectionSize() const {
                  toInteger32(double(SelY2) - double(SelY1) + 1));
 }
 
+QRect LiftedBlock::zone() const {
+    return QRect(pixelAt(SelX1, SelY1), selectionSize());
+}
+
+void LiftedBlock::fillPlace() {
+    Surface& picDisp = m_work.picDisp;
+    picDisp.Cls(); // a frame must not become part of the picture
+    picDisp.Line(QPointF(double(SelX1), double(SelY1)), QPointF(double(SelX2) - 1, double(SelY2) - 1),
+                 picDisp.BackColor(), BoxStyle::Filled);
+    picDisp.commit();
+}
+
 void LiftedBlock::CaptureSelection() {
-    const QRect zone(pixelAt(SelX1, SelY1), selectionSize());
+    const QRect zone = this->zone();
     Surface& picDisp = m_work.picDisp;
     Surface& picSnap = m_work.picSnap;
     Surface& picRegion = m_work.picRegion;

@@ -46,6 +46,12 @@ public:
     /// Draws the block at CurrX, CurrY over the restored picture, commits, and frames it.
     void ComposeRegion();
 
+    /// The selection rectangle in whole pixels.
+    QRect zone() const;
+    /// Fills the rectangle but for its right column and bottom row, on purpose, with the background colour
+    /// and commits.
+    void fillPlace();
+
     // What the mouse does with them, in picture pixels.
     /// Inside the rectangle or on one of its edges.
     bool contains(QPoint point) const;

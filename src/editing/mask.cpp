@@ -121,11 +121,14 @@ void composeMasked(Surface& destination, const Surface& block, const Surface& ma
     const QSize reach = size.boundedTo(block.innerSize().expandedTo(mask.innerSize()));
     const Raster blockImage = whiteBeyond(block.Image(), reach);
     const Raster maskImage = whiteBeyond(mask.Image(), reach);
-    destination.editImage(QRect(to, reach), [&](Raster& image, const QRect& area) {
-        image.writeTiles(area, [&](QImage& tile, const QRect& place) {
-            composeTile(tile, place, blockImage, maskImage, to);
-        });
+    // Beside what is shown, so that a repainting in between never shows half a block.
+    Raster composed = destination.Image();
+    EventYield yield;
+    composed.writeTiles(QRect(to, reach), [&](QImage& tile, const QRect& place) {
+        composeTile(tile, place, blockImage, maskImage, to);
+        yield();
     });
+    destination.editImage(QRect(to, reach), [&](Raster& image, const QRect&) { image = composed; });
 }
 
 } // namespace ovrano

@@ -43,6 +43,16 @@ void CommonDialog::ShowOpen() {
     accept(m_dialogs.openFile(request()));
 }
 
+void CommonDialog::ShowOpenPicture() {
+    Filter = QStringLiteral("Fichiers Images(BMP-GIF-JPEG|*.bmp;*.gif;*.jpg;*.jpeg|"
+                            "Tous les fichiers(*.*)|*.*|");
+    FilterIndex = 1;
+    Flags = OpenFileMustExist;
+    FileName.clear();
+    CancelError = true;
+    ShowOpen();
+}
+
 void CommonDialog::ShowSave() {
     accept(m_dialogs.saveFile(request()));
 }

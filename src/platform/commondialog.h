@@ -17,6 +17,7 @@ class CommonDialog {
 public:
     // Values of Flags. They say what a handler counts on; every dialog here behaves so by itself.
     static constexpr int SaveAskBeforeOverwriting = 2;
+    static constexpr int ColourFullOpen = 2;
     static constexpr int ColourFullOpenWithPreset = 3;
     static constexpr int OpenFileMustExist = 4096;
 
@@ -36,6 +37,9 @@ public:
     std::function<QString(const QString& path, int filterIndex)> Target;
 
     void ShowOpen();
+    /// ShowOpen() for an existing picture file, under the title that is set: no file proposed, cancelling
+    /// throws.
+    void ShowOpenPicture();
     void ShowSave();
     void ShowColor();
 

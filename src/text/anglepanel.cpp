@@ -1,9 +1,9 @@
 #include "text/anglepanel.h"
 
+#include "platform/controls.h"
 #include "platform/numbers.h"
 #include "platform/textmask.h"
 #include "text/extrusion.h"
-#include "text/namedcontrol.h"
 #include "text/rotation.h"
 
 #include <QFrame>
@@ -53,8 +53,7 @@ AnglePanel::AnglePanel(QWidget* parent)
 }
 
 void AnglePanel::fillList() {
-    for (int degrees = -LargestAngle; degrees <= LargestAngle; ++degrees)
-        cboRotateAngle->addItem(QString::number(degrees));
+    addNumbers(*cboRotateAngle, -LargestAngle, LargestAngle);
     cboRotateAngle->setMaxVisibleItems(VisibleAngles);
     cboRotateAngle->setMinimumContentsLength(4);
     // Asking 721 entries for their widths would be felt at every change of the layout.

@@ -1,12 +1,12 @@
 #include "text/onecolourpanel.h"
 
 #include "editing/mask.h"
+#include "platform/controls.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
 #include "text/colourcaption.h"
 #include "text/directionicon.h"
-#include "text/namedcontrol.h"
 #include "text/rotation.h"
 
 #include <QEvent>
@@ -65,8 +65,7 @@ OneColourPanel::OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock
 }
 
 void OneColourPanel::fillLists() {
-    for (int pixels = 1; pixels <= DeepestShade; ++pixels)
-        cboShadeThickness->addItem(QString::number(pixels));
+    addNumbers(*cboShadeThickness, 1, DeepestShade);
     cboShadeThickness->setCurrentText(QStringLiteral("4"));
     for (const DirectionItem& item : directionItems())
         icb1Color3D->addItem(item.shown, QLatin1String(item.key));

@@ -1,19 +1,17 @@
 #include "text/stylepanel.h"
 
+#include "platform/controls.h"
 #include "platform/errorreporter.h"
 #include "platform/keyfilter.h"
 #include "platform/numbers.h"
 #include "platform/screen.h"
 #include "platform/textmask.h"
+#include "platform/typingfilter.h"
 #include "text/colourcaption.h"
 #include "text/fontavailability.h"
-#include "text/namedcontrol.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QInputMethodEvent>
-#include <QKeyEvent>
 
 namespace ovrano {
 
@@ -29,26 +27,6 @@ constexpr QSize SwatchSize(28, 22);
 constexpr int MoreButtonWidth = 30;
 constexpr int SizeBoxWidth = 64;
 constexpr int Spacing = 4;
-
-/// A box to type in and to choose from, which never grows by what is typed.
-void makeEditable(QComboBox& box) {
-    box.setEditable(true);
-    box.setInsertPolicy(QComboBox::NoInsert);
-}
-
-/// What a key press would type: nothing for keys that move or delete, whatever text a platform gives them.
-QString typedBy(const QKeyEvent& press) {
-    switch (press.key()) {
-    case Qt::Key_Backspace:
-        return QStringLiteral("\b");
-    case Qt::Key_Delete:
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-        return {};
-    default:
-        return press.text();
-    }
-}
 
 } // namespace
 
@@ -89,8 +67,7 @@ void StylePanel::fillLists() {
 
     makeEditable(*txtFontSize);
     txtFontSize->setCompleter(nullptr); // would make "10" of a typed "1"
-    for (int size = SmallestSize; size <= LargestSize; ++size)
-        txtFontSize->addItem(QString::number(size));
+    addNumbers(*txtFontSize, SmallestSize, LargestSize);
     txtFontSize->setCurrentIndex(txtFontSize->findText(QStringLiteral("24")));
     txtFontSize->setFixedWidth(SizeBoxWidth);
     txtFontSize->lineEdit()->setInputMethodHints(Qt::ImhDigitsOnly);
@@ -147,7 +124,8 @@ void StylePanel::connectHandlers() {
     connect(cboFontName, &QComboBox::editTextChanged, this, &StylePanel::UpdateTextSample);
     connect(cboFontName->lineEdit(), &QLineEdit::returnPressed, this, &StylePanel::checkTypedFont);
     connect(txtFontSize, &QComboBox::editTextChanged, this, &StylePanel::txtFontSize_Change);
-    txtFontSize->lineEdit()->installEventFilter(this);
+    new TypingFilter(*txtFontSize->lineEdit(),
+                     [this](std::int16_t& keyAscii) { txtFontSize_KeyPress(keyAscii); });
     connect(imgBold, &QToolButton::clicked, this, &StylePanel::imgBold_Click);
     connect(imgItalic, &QToolButton::clicked, this, &StylePanel::imgItalic_Click);
     connect(cmdTextColor, &QPushButton::clicked, this, &StylePanel::cmdTextColor_Click);
@@ -246,33 +224,6 @@ void StylePanel::cmdTextColor_Click() {
         DispDialogColor(CommonDialog1.Color);
     });
     Q_EMIT pictureFocusRequested();
-}
-
-bool StylePanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
-        return !accepts(typedBy(*static_cast<QKeyEvent*>(event)));
-    if (event->type() == QEvent::InputMethod)
-        return refuseComposed(*watched, *static_cast<QInputMethodEvent*>(event));
-    return QGroupBox::eventFilter(watched, event);
-}
-
-bool StylePanel::refuseComposed(QObject& receiver, const QInputMethodEvent& event) {
-    if (accepts(event.commitString()))
-        return false;
-    // The text under composition ends all the same, or its accent would stay in the box.
-    QInputMethodEvent without(event.preeditString(), event.attributes());
-    QCoreApplication::sendEvent(&receiver, &without);
-    return true;
-}
-
-bool StylePanel::accepts(const QString& typed) {
-    for (const QChar character : typed) {
-        auto keyAscii = static_cast<std::int16_t>(character.unicode());
-        txtFontSize_KeyPress(keyAscii);
-        if (keyAscii == 0)
-            return false;
-    }
-    return true;
 }
 
 void StylePanel::toggle(ImageButton& button) {

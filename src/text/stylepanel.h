@@ -11,7 +11,6 @@
 #include <QFont>
 #include <QFrame>
 #include <QGroupBox>
-#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -70,10 +69,6 @@ Q_SIGNALS:
     /// The work picture is to take the keyboard focus.
     void pictureFocusRequested();
 
-protected:
-    /// Keeps typed characters other than digits away from the size.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void fillLists();
     void setUpSample();
@@ -82,8 +77,6 @@ private:
     void connectHandlers();
     void checkTypedFont();
     void toggle(ImageButton& button);
-    bool accepts(const QString& typed);
-    bool refuseComposed(QObject& receiver, const QInputMethodEvent& event);
     bool isSizeInRange() const;
     QFont chosenFont() const;
 

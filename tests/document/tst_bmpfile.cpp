@@ -98,7 +98,7 @@ void BmpFileTest::whatIsSavedIsLoadedBitExactly() {
     QFETCH(QSize, size);
     const Raster picture = patterned(size);
     SavePicture(picture, path("a.bmp"));
-    QVERIFY(loadPicture(path("a.bmp")) == picture);
+    QVERIFY(LoadPicture(path("a.bmp")) == picture);
 }
 
 void BmpFileTest::onlyTheFileItselfAppears() {
@@ -110,7 +110,7 @@ void BmpFileTest::replacesAnOldFile() {
     put(path("a.bmp"), QByteArray(100'000, 'x')); // longer than the new one
     const Raster picture = patterned(QSize(30, 20));
     SavePicture(picture, path("a.bmp"));
-    QVERIFY(loadPicture(path("a.bmp")) == picture);
+    QVERIFY(LoadPicture(path("a.bmp")) == picture);
     QCOMPARE(QFileInfo(path("a.bmp")).size(), 54 + 92 * 20);
 }
 

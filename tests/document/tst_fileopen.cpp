@@ -370,7 +370,7 @@ void FileOpenTest::yesSavesFirst() {
     m_dialogs->answer(Answer::Yes);
     m_dialogs->chooseSave(path("saved.bmp"), 1);
     open(other);
-    QVERIFY(loadPicture(path("saved.bmp")) == Raster(WorkPicture::InitialSize, White));
+    QVERIFY(LoadPicture(path("saved.bmp")) == Raster(WorkPicture::InitialSize, White));
     QCOMPARE(m_work->picDisp.innerSize(), QSize(57, 31));
     QCOMPARE(m_work->CurrentFileName, other);
 }

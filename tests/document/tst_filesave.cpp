@@ -146,7 +146,7 @@ void FileSaveTest::overwritingIsAskedForTheFileThatIsWritten() {
 void FileSaveTest::bmpHoldsWhatIsDrawn() {
     m_work->picDisp.Line(QPointF(10, 10), QPointF(50, 40), rgb(255, 0, 0), BoxStyle::Filled); // not committed
     save("photo.bmp", Bmp);
-    QVERIFY(loadPicture(path("photo.bmp")) == m_work->picDisp.Image());
+    QVERIFY(LoadPicture(path("photo.bmp")) == m_work->picDisp.Image());
     QVERIFY(!(m_work->picDisp.Image() == m_work->picDisp.Picture()));
     QCOMPARE(names(), QStringList("photo.bmp"));
 }
@@ -154,7 +154,7 @@ void FileSaveTest::bmpHoldsWhatIsDrawn() {
 void FileSaveTest::bmpWithoutDot() {
     save("photo", Bmp);
     QCOMPARE(names(), QStringList("bmp"));
-    QVERIFY(loadPicture(path("bmp")) == m_work->picDisp.Image());
+    QVERIFY(LoadPicture(path("bmp")) == m_work->picDisp.Image());
 }
 
 void FileSaveTest::jpegOfFixedRatio_data() {
@@ -170,7 +170,7 @@ void FileSaveTest::jpegOfFixedRatio() {
     QFETCH(QString, ratio);
     save("a.b.c", row);
     QCOMPARE(names(), QStringList("a.jpg"));
-    QCOMPARE(loadPicture(path("a.jpg")).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path("a.jpg")).size(), QSize(120, 90));
     saveAtTypedRatio("typed.jpg", ratio);
     QCOMPARE(contentOf(path("a.jpg")), contentOf(path("typed.jpg")));
 }
@@ -179,7 +179,7 @@ void FileSaveTest::gifIsWritten() {
     save("photo.png", Gif);
     QCOMPARE(names(), QStringList("photo.gif"));
     QCOMPARE(contentOf(path("photo.gif")).left(4), QByteArray("GIF8"));
-    QCOMPARE(loadPicture(path("photo.gif")).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path("photo.gif")).size(), QSize(120, 90));
 }
 
 void FileSaveTest::existingFileIsReplaced_data() {
@@ -192,7 +192,7 @@ void FileSaveTest::existingFileIsReplaced() {
     put(path(name), QByteArray(300'000, 'x'));
     save(name, row);
     QCOMPARE(names(), QStringList(name));
-    QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path(name)).size(), QSize(120, 90));
     QVERIFY(QFileInfo(path(name)).size() < 300'000);
 }
 
@@ -222,7 +222,7 @@ void FileSaveTest::linkStaysALink() {
     QVERIFY(QFile::link(path("else/file"), path(name)));
     save(name, row);
     QCOMPARE(QFile::symLinkTarget(path(name)), path("else/file"));
-    QCOMPARE(loadPicture(path("else/file")).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path("else/file")).size(), QSize(120, 90));
 }
 
 void FileSaveTest::labelShowsTheSavedPath_data() {

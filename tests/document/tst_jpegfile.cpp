@@ -38,7 +38,7 @@ private:
     Raster converted(const Raster& picture, int ratio) {
         SavePicture(picture, path("a.bmp"));
         ConvertBMPtoJPG(path("a.bmp"), ratio, -1);
-        return loadPicture(path("a.jpg"));
+        return LoadPicture(path("a.jpg"));
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;
@@ -91,7 +91,7 @@ void JpegFileTest::writesBesideUnderTheSameName() {
     expected.sort();
     QCOMPARE(namesIn(m_dir->path()), expected);
     QCOMPARE(contentOf(path(jpg)).left(3), QByteArray("\xFF\xD8\xFF"));
-    QVERIFY(loadPicture(path(bmp)) == gradient(QSize(30, 20))); // the source is as it was
+    QVERIFY(LoadPicture(path(bmp)) == gradient(QSize(30, 20))); // the source is as it was
 }
 
 void JpegFileTest::sizeAndColoursAreKept_data() {
@@ -164,7 +164,7 @@ void JpegFileTest::resolutionIsThatOfTheScreen() {
 void JpegFileTest::pictureWiderThanTheFormat() {
     SavePicture(Raster(QSize(65'500, 2), White), path("fits.bmp"));
     ConvertBMPtoJPG(path("fits.bmp"), 80, -1);
-    QCOMPARE(loadPicture(path("fits.jpg")).size(), QSize(65'500, 2));
+    QCOMPARE(LoadPicture(path("fits.jpg")).size(), QSize(65'500, 2));
 
     SavePicture(Raster(QSize(65'501, 2), White), path("wide.bmp"));
     QCOMPARE(errorOf([&] { ConvertBMPtoJPG(path("wide.bmp"), 80, -1); }), error::InvalidPropertyValue);

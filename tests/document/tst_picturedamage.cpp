@@ -121,7 +121,7 @@ void PictureDamageTest::notAPicture() {
     QFETCH(QByteArray, content);
     const QTemporaryDir folder;
     const QString file = put(folder.filePath("a.bmp"), content);
-    QCOMPARE(errorOf([&] { loadPicture(file); }), error::InvalidPicture);
+    QCOMPARE(errorOf([&] { LoadPicture(file); }), error::InvalidPicture);
     QCOMPARE(errorOf([&] { decodePicture(content); }), error::InvalidPicture);
 }
 

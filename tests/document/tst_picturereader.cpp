@@ -62,7 +62,7 @@ private Q_SLOTS:
 private:
     QString path(const QString& name) const { return m_dir->filePath(name); }
     int errorOfLoading(const QString& name) const {
-        return errorOf([&] { loadPicture(path(name)); });
+        return errorOf([&] { LoadPicture(path(name)); });
     }
 
     std::unique_ptr<QTemporaryDir> m_dir;
@@ -88,14 +88,14 @@ void PictureReaderTest::everyFormatIsReadWhateverItsName() {
     QFETCH(QByteArray, content);
     QFETCH(QString, name);
     put(path(name), content);
-    QVERIFY(loadPicture(path(name)) == patterned(QSize(37, 23)));
+    QVERIFY(LoadPicture(path(name)) == patterned(QSize(37, 23)));
     QVERIFY(decodePicture(content) == patterned(QSize(37, 23)));
 }
 
 void PictureReaderTest::jpegColoursAreNearlyKept() {
     const Raster picture = gradient(QSize(70, 50));
     put(path("a.bmp"), encoded(picture, "jpg"));
-    const Raster loaded = loadPicture(path("a.bmp"));
+    const Raster loaded = LoadPicture(path("a.bmp"));
     QCOMPARE(loaded.size(), QSize(70, 50));
     for (const QPoint at : {QPoint(3, 3), QPoint(35, 25), QPoint(66, 46)}) {
         const Colour was = picture.pixel(at.x(), at.y());
@@ -109,7 +109,7 @@ void PictureReaderTest::nameForDenseScreensDoesNotShrink() {
     QImage image(20, 10, QImage::Format_ARGB32);
     image.fill(Qt::red);
     put(path("a@2x.png"), encoded(image, "png"));
-    QVERIFY(loadPicture(path("a@2x.png")) == Raster(QSize(20, 10), Red));
+    QVERIFY(LoadPicture(path("a@2x.png")) == Raster(QSize(20, 10), Red));
 }
 
 void PictureReaderTest::photoComesUpright_data() {
@@ -152,7 +152,7 @@ void PictureReaderTest::interlacedGif() {
 void PictureReaderTest::animationGivesItsFirstFrame() {
     const QRect whole(0, 0, 10, 8);
     put(path("a.gif"), gif(QSize(10, 8), {{whole, 1}, {whole, 2}, {whole, 0}}));
-    QVERIFY(loadPicture(path("a.gif")) == Raster(QSize(10, 8), Green));
+    QVERIFY(LoadPicture(path("a.gif")) == Raster(QSize(10, 8), Green));
 }
 
 void PictureReaderTest::halfTransparentPixelsAreLaidOverWhite() {
@@ -218,7 +218,7 @@ void PictureReaderTest::folderAsFile() {
 }
 
 void PictureReaderTest::deviceAsFile() {
-    QCOMPARE(errorOf([] { loadPicture("/dev/zero"); }), error::PathFileAccess);
+    QCOMPARE(errorOf([] { LoadPicture("/dev/zero"); }), error::PathFileAccess);
 }
 
 void PictureReaderTest::pipeIsNotWaitedFor() {

@@ -169,7 +169,7 @@ void SaveFailuresTest::usersTemporariesAreKept() {
     QCOMPARE(names(), expected);
     QCOMPARE(contentOf(path("Temp.bmp")), QByteArray("user's bmp"));
     QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("user's jpg"));
-    QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path(name)).size(), QSize(120, 90));
 }
 
 void SaveFailuresTest::usersTemporariesSurviveFailure_data() {
@@ -218,7 +218,7 @@ void SaveFailuresTest::targetNamedAsTheTemporary() {
         QStringList expected{name, bystander};
         expected.sort();
         QCOMPARE(names(), expected);
-        QCOMPARE(loadPicture(path(name)).size(), QSize(120, 90));
+        QCOMPARE(LoadPicture(path(name)).size(), QSize(120, 90));
         QCOMPARE(contentOf(path(bystander)), QByteArray("user's"));
         QCOMPARE(m_label->last().at(0).toString(), path(name));
     }
@@ -229,7 +229,7 @@ void SaveFailuresTest::targetNamedAsTheFileSetAside() {
     save("Temp (1).jpg", Jpeg80);
     QCOMPARE(names(), QStringList({"Temp (1).jpg", "Temp.jpg"}));
     QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("user's"));
-    QCOMPARE(loadPicture(path("Temp (1).jpg")).size(), QSize(120, 90));
+    QCOMPARE(LoadPicture(path("Temp (1).jpg")).size(), QSize(120, 90));
 }
 
 QTEST_MAIN(SaveFailuresTest)

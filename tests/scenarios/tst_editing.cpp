@@ -1,57 +1,11 @@
-#include "app/mainwindow.h"
-#include "support/answeringdialogs.h"
-#include "support/grid.h"
-#include "support/inputerror.h"
-#include "support/user.h"
+#include "scenarios/program.h"
 
+#include <QClipboard>
+#include <QComboBox>
 #include <QCursor>
-#include <QtTest>
 
 using namespace ovrano;
 using namespace ovrano::testing;
-
-namespace {
-
-constexpr Colour Red = rgb(255, 0, 0);
-constexpr Colour Blue = rgb(0, 0, 255);
-
-/// The window with a picture: blue, with a red box from (100, 80) to (149, 109).
-struct Program {
-    explicit Program(QSize picture = QSize(400, 300))
-        : window(dialogs) {
-        window.show();
-        if (!QTest::qWaitForWindowActive(&window, 10'000))
-            qFatal("the window is not activated");
-        WorkPicture& work = window.work();
-        work.picDisp.setInnerSize(picture);
-        work.picDisp.Line(QPointF(0, 0), QPointF(picture.width(), picture.height()), Blue, BoxStyle::Filled);
-        work.picDisp.Line(QPointF(100, 80), QPointF(149, 109), Red, BoxStyle::Filled);
-        work.picDisp.commit();
-        work.readImageSize();
-        window.view().setScrollMax();
-    }
-
-    /// No dialog opens in these scripts, so they can run in the program's own thread.
-    void play(const std::function<void()>& script) {
-        try {
-            user.waitForWindow(QStringLiteral("frmPicText0"));
-            script();
-        } catch (const InputError& error) {
-            QTest::qFail(error.what(), __FILE__, __LINE__);
-        }
-    }
-
-    /// A point of the picture on the screen.
-    QPoint at(int x, int y) { return window.view().picDisp->mapToGlobal(QPoint(x, y)); }
-    Colour pixel(int x, int y) { return window.work().picDisp.Picture().pixel(x, y); }
-    QString label(const char* name) { return window.findChild<QLabel*>(QLatin1String(name))->text(); }
-
-    AnsweringDialogs dialogs;
-    MainWindow window;
-    User user;
-};
-
-} // namespace
 
 /// Zones, blocks, the picker, edges and scrolling with a real mouse.
 class TestEditing : public QObject {
@@ -66,6 +20,7 @@ private Q_SLOTS:
     void edgeBeyondTheLeftSideLeavesOnePixel();
     void wheelScrollsBothWays();
     void bandScrollsTheView();
+    void sizeBoxTakesDigitsOnly();
 };
 
 void TestEditing::zoneIsFramedDraggedAndDropped() {
@@ -179,6 +134,24 @@ void TestEditing::bandScrollsTheView() {
         program.user.input.drag(from, QPoint(from.x() + 50, visible.bottom() + 30), 20);
         QVERIFY(program.window.view().VScroll1->value() > 0);
         QVERIFY(program.window.block().HasSelection);
+    });
+}
+
+void TestEditing::sizeBoxTakesDigitsOnly() {
+    Program program;
+    const auto* box = program.window.findChild<QComboBox*>(QStringLiteral("txtFontSize"));
+    program.play([&] {
+        program.user.retype(QStringLiteral("txtFontSize"), QStringLiteral("3a-.6"));
+        QCOMPARE(box->currentText(), QStringLiteral("36"));
+        QGuiApplication::clipboard()->setText(QStringLiteral("x7"));
+        program.user.input.strike(Qt::CTRL | Qt::Key_V);
+        QCOMPARE(box->currentText(), QStringLiteral("36"));
+        QGuiApplication::clipboard()->setText(QStringLiteral("7"));
+        program.user.input.strike(Qt::CTRL | Qt::Key_A);
+        program.user.input.strike(Qt::CTRL | Qt::Key_V);
+        QCOMPARE(box->currentText(), QStringLiteral("7"));
+        program.user.input.strike(Qt::Key_Backspace);
+        QCOMPARE(box->currentText(), QStringLiteral("6")); // the smallest size
     });
 }
 

@@ -5,6 +5,7 @@
 #include "support/x11reply.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 #include <QStyleHints>
 #include <QWindow>
 
@@ -51,6 +52,7 @@ void settle() {
 X11Input::X11Input()
     : m_connection(connect())
     , m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root)
+    , m_scale(QGuiApplication::primaryScreen()->devicePixelRatio())
     , m_keyboard(m_connection.get()) {
     const xcb_query_extension_reply_t* extension = xcb_get_extension_data(m_connection.get(), &xcb_test_id);
     if (!extension || !extension->present)
@@ -124,18 +126,21 @@ bool X11Input::isInPlace(const QWindow& window) {
         xcb_translate_coordinates_reply(server, askPlace, nullptr));
     if (!state || !size || !place || state->map_state != XCB_MAP_STATE_VIEWABLE)
         return false;
-    return window.geometry() == QRect(place->dst_x, place->dst_y, size->width, size->height);
+    const QRect wanted = window.geometry();
+    return QRect(onServer(wanted.topLeft()), window.size() * m_scale) ==
+           QRect(place->dst_x, place->dst_y, size->width, size->height);
 }
 
 void X11Input::moveTo(QPoint global) {
-    if (pointer() == global)
+    const QPoint there = onServer(global);
+    if (pointer() == there)
         return;
-    send(Input::Motion, 0, global);
+    send(Input::Motion, 0, there);
     synchronise();
     const bool seen =
         !m_down.empty() || inGui([&] { return QGuiApplication::topLevelAt(global) != nullptr; });
     if (seen)
-        await([&] { return m_watch.lastPosition() == global; },
+        await([&] { return m_watch.lastPosition() == there; },
               QStringLiteral("a move of the mouse to %1, %2").arg(global.x()).arg(global.y()));
 }
 

@@ -19,7 +19,7 @@ namespace ovrano::testing {
 
 /// A mouse and a keyboard: gives the X server events as hardware would (extension XTEST), so that they take
 /// the way of a user's through the window manager and grabs to the program's windows. Positions are pixels
-/// of the screen, whose scale factor must be 1.
+/// of the program, of which each is several pixels of the screen where a scale factor is set.
 ///
 /// Each function returns when its events have arrived in the program and throws InputError when they do
 /// not. It can be called in the program's thread; what opens a dialog that waits for its answer would not
@@ -66,6 +66,7 @@ private:
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
 
+    QPoint onServer(QPoint global) const { return (QPointF(global) * m_scale).toPoint(); }
     void send(Input type, std::uint8_t detail, QPoint position = {});
     void synchronise();
     void outwaitDoubleClick(QPoint global);
@@ -77,6 +78,7 @@ private:
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
     xcb_window_t m_root = 0;
+    double m_scale; // pixels of the screen to one of the program
     X11Keyboard m_keyboard;
     EventWatch m_watch;
     std::set<std::uint8_t> m_down; // the buttons that are held

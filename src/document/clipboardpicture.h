@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/raster.h"
+
+#include <optional>
+
+namespace ovrano {
+
+/// Reads the picture that the clipboard holds now: a raster picture, or else a vector picture at its natural
+/// size, on white where it is transparent. Where one type that is offered turns out to be damaged the next
+/// one is tried. Nothing when none can be read (any more).
+/// Throws RuntimeError 7 when the picture is larger than what the program can hold.
+std::optional<Raster> clipboardPicture();
+
+} // namespace ovrano

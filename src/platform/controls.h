@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QComboBox>
+#include <QString>
+#include <QWidget>
+
+namespace ovrano {
+
+/// Gives a control the name it is found by and the one that is read aloud, and passes it on.
+template<typename Control>
+Control* named(Control* control, const char* name, const QString& accessibleName = QString()) {
+    control->setObjectName(QLatin1String(name));
+    control->setAccessibleName(accessibleName);
+    return control;
+}
+
+/// A box to type in and to choose from, which never grows by what is typed.
+inline void makeEditable(QComboBox& box) {
+    box.setEditable(true);
+    box.setInsertPolicy(QComboBox::NoInsert);
+}
+
+/// Adds the whole numbers from `first` to at most `last`.
+inline void addNumbers(QComboBox& box, int first, int last, int step = 1) {
+    QStringList numbers;
+    for (int number = first; number <= last; number += step)
+        numbers.append(QString::number(number));
+    box.addItems(numbers);
+}
+
+} // namespace ovrano

@@ -1,0 +1,9 @@
+#include "platform/directclipboard.h"
+
+namespace ovrano {
+
+std::optional<QByteArray> fetchDirectly(const QString&) {
+    return std::nullopt;
+}
+
+} // namespace ovrano

@@ -1,0 +1,328 @@
+#include "document/filetools.h"
+#include "document/selfcontainedsvg.h"
+#include "document/vectorpicture.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QTemporaryDir>
+
+using namespace ovrano;
+
+namespace {
+
+constexpr Colour Red = rgb(255, 0, 0);
+constexpr Colour Blue = rgb(0, 0, 255);
+
+/// A picture of 40 × 30 units with something in it.
+QByteArray svg(const QByteArray& content, const QByteArray& size = "width='40' height='30'") {
+    return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' " + size +
+           ">" + content + "</svg>";
+}
+
+QByteArray embedded(const QImage& image, const char* format) {
+    return "data:image/" + QByteArray(format) + ";base64," + encoded(image, format).toBase64();
+}
+
+QImage redPicture() {
+    QImage image(4, 3, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return image;
+}
+
+/// A PNG picture whose header announces 65535 × 65535 pixels.
+QByteArray enormousPng() {
+    QByteArray png = encoded(QImage(1, 1, QImage::Format_Mono), "png");
+    constexpr int Type = 12, Width = 16, Checksum = 29; // places in the file
+    png.replace(Width, 8, QByteArray("\0\0\xFF\xFF\0\0\xFF\xFF", 8));
+    quint32 crc = ~0U;
+    for (int at = Type; at < Checksum; ++at) {
+        crc ^= static_cast<uchar>(png.at(at));
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc >> 1) ^ (crc & 1U ? 0xEDB88320U : 0U);
+    }
+    for (int byte = 0; byte < 4; ++byte)
+        png[Checksum + byte] = static_cast<char>(~crc >> (24 - 8 * byte));
+    return png;
+}
+
+QByteArray imageElement(const QByteArray& attribute, const QByteArray& reference) {
+    return "<image x='0' y='0' width='40' height='30' " + attribute + "='" + reference + "'/>";
+}
+
+bool isBlank(const Raster& picture) {
+    return picture == Raster(picture.size(), White);
+}
+
+} // namespace
+
+class VectorPictureTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void naturalSize_data();
+    void naturalSize();
+    void withoutSize_data();
+    void withoutSize();
+    void drawnOverWhite();
+    void edgesAreSoft();
+    void bandsDoNotShow();
+    void embeddedPicture_data();
+    void embeddedPicture();
+    void embeddedPictureThatIsNone_data();
+    void embeddedPictureThatIsNone();
+    void nothingIsLoadedFromOutside_data();
+    void nothingIsLoadedFromOutside();
+    void referencesWithinThePicture_data();
+    void referencesWithinThePicture();
+    void foreignEntities();
+    void styleAndTextSurvive();
+    void damaged_data();
+    void damaged();
+    void deepNesting_data();
+    void deepNesting();
+    void reuse_data();
+    void reuse();
+    void reuseInCircles();
+    void reuseOfWhatFollows();
+    void tooLarge_data();
+    void tooLarge();
+};
+
+void VectorPictureTest::naturalSize_data() {
+    QTest::addColumn<QByteArray>("attributes");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("width and height") << QByteArray("width='40' height='30'") << QSize(40, 30);
+    QTest::newRow("pixels") << QByteArray("width='40px' height='30px'") << QSize(40, 30);
+    QTest::newRow("viewBox") << QByteArray("viewBox='5 5 64 48'") << QSize(64, 48);
+    QTest::newRow("both") << QByteArray("width='20' height='10' viewBox='0 0 64 48'") << QSize(20, 10);
+    QTest::newRow("one pixel") << QByteArray("width='1' height='1'") << QSize(1, 1);
+}
+
+void VectorPictureTest::naturalSize() {
+    QFETCH(QByteArray, attributes);
+    QFETCH(QSize, size);
+    const QByteArray everything = "<rect x='-99' y='-99' width='999' height='999' fill='red'/>";
+    QVERIFY(renderVectorPicture(svg(everything, attributes)) == Raster(size, Red));
+}
+
+void VectorPictureTest::withoutSize_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("no attribute, no content") << svg("", "");
+    QTest::newRow("nought") << svg("", "width='0' height='0'");
+    QTest::newRow("negative") << svg("", "width='-4' height='-4'");
+}
+
+void VectorPictureTest::withoutSize() {
+    QFETCH(QByteArray, content);
+    QCOMPARE(errorOf([&] { renderVectorPicture(content); }), error::InvalidPicture);
+}
+
+void VectorPictureTest::drawnOverWhite() {
+    const Raster picture =
+        renderVectorPicture(svg("<rect x='10' y='5' width='10' height='20' fill='#0000ff'/>"
+                                "<rect x='30' y='5' width='10' height='20' fill='black' opacity='0.2'/>"));
+    Raster expected(QSize(40, 30), White);
+    expected.fill(QRect(10, 5, 10, 20), Blue);
+    expected.fill(QRect(30, 5, 10, 20), picture.pixel(33, 9));
+    QVERIFY(picture == expected);
+    QVERIFY(qAbs(redOf(picture.pixel(33, 9)) - 204) <= 1);
+}
+
+void VectorPictureTest::edgesAreSoft() {
+    const Raster picture = renderVectorPicture(svg("<rect x='10.5' y='0' width='10' height='30'/>"));
+    QVERIFY(qAbs(redOf(picture.pixel(10, 9)) - 128) < 16);
+}
+
+void VectorPictureTest::bandsDoNotShow() {
+    const QSize size(1200, 3700); // three bands
+    const QByteArray picture = svg("<circle cx='600' cy='1800' r='590' fill='#2468ac'/>"
+                                   "<path d='M 0 0 L 1200 3700' stroke='red' stroke-width='31'/>",
+                                   "width='1200' height='3700'");
+    QImage atOnce(size, QImage::Format_RGB32);
+    atOnce.fill(Qt::white);
+    {
+        QPainter painter(&atOnce);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QSvgRenderer(picture).render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
+    }
+    const QImage drawn = renderVectorPicture(picture).toImage();
+    QCOMPARE(drawn.size(), size);
+    int worst = 0;
+    for (int y = 0; y < size.height(); ++y)
+        for (int x = 0; x < size.width(); ++x)
+            worst = qMax(worst, qAbs(qGreen(drawn.pixel(x, y)) - qGreen(atOnce.pixel(x, y))));
+    constexpr int Unseen = 24; // how much the covered share of an edge pixel may differ
+    QVERIFY2(worst <= Unseen, qPrintable(QString::number(worst)));
+}
+
+void VectorPictureTest::embeddedPicture_data() {
+    QTest::addColumn<QByteArray>("format");
+    for (const char* format : {"png", "bmp", "jpeg"})
+        QTest::newRow(format) << QByteArray(format);
+}
+
+void VectorPictureTest::embeddedPicture() {
+    QFETCH(QByteArray, format);
+    const QByteArray reference = embedded(redPicture(), format.constData());
+    const Colour drawn = renderVectorPicture(svg(imageElement("xlink:href", reference))).pixel(20, 15);
+    QVERIFY(redOf(drawn) > 250 && greenOf(drawn) < 5 && blueOf(drawn) < 5);
+}
+
+void VectorPictureTest::embeddedPictureThatIsNone_data() {
+    QTest::addColumn<QByteArray>("reference");
+    const QByteArray inner = svg("<rect width='40' height='30' fill='red'/>").toBase64();
+    QTest::newRow("vector") << "data:image/svg+xml;base64," + inner;
+    QTest::newRow("nothing") << QByteArray("data:,");
+    QTest::newRow("no comma") << QByteArray("data:image/png");
+    QTest::newRow("text") << "data:text/plain;base64," + QByteArray("red").toBase64();
+    const QByteArray huge = enormousPng().toBase64();
+    QTest::newRow("far too large") << "data:image/png;base64," + huge;
+    QTest::newRow("far too large behind a good one") << embedded(redPicture(), "png") + "base64," + huge;
+}
+
+void VectorPictureTest::embeddedPictureThatIsNone() {
+    QFETCH(QByteArray, reference);
+    const QByteArray picture = svg(imageElement("xlink:href", reference));
+    QVERIFY(!selfContainedSvg(picture).contains("data:"));
+    QVERIFY(isBlank(renderVectorPicture(picture)));
+}
+
+void VectorPictureTest::nothingIsLoadedFromOutside_data() {
+    QTest::addColumn<QByteArray>("attribute");
+    QTest::addColumn<QByteArray>("form"); // %1 is the file
+    for (const char* attribute : {"xlink:href", "href"})
+        for (const char* form : {"%1", "file://%1", "  %1", "FILE://%1", "../../../../../../../../..%1",
+                                 "javascript:%1", "http://example.org%1", "data%1", "%1#a"})
+            QTest::addRow("%s %s", attribute, form) << QByteArray(attribute) << QByteArray(form);
+}
+
+void VectorPictureTest::nothingIsLoadedFromOutside() {
+    QFETCH(QByteArray, attribute);
+    QFETCH(QByteArray, form);
+    const QTemporaryDir folder;
+    const QByteArray path = put(folder.filePath("red.png"), encoded(redPicture(), "png")).toUtf8();
+    const QByteArray picture = svg(imageElement(attribute, QByteArray(form).replace("%1", path)));
+    QVERIFY(!selfContainedSvg(picture).contains("red.png"));
+    QVERIFY(isBlank(renderVectorPicture(picture)));
+}
+
+void VectorPictureTest::referencesWithinThePicture_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("use") << QByteArray("<defs><rect id='r' width='40' height='30' fill='red'/></defs>"
+                                       "<use xlink:href='#r'/>");
+    QTest::newRow("gradient") << QByteArray(
+        "<defs><linearGradient id='g'><stop offset='0' stop-color='red'/>"
+        "<stop offset='1' stop-color='red'/></linearGradient>"
+        "<linearGradient id='h' xlink:href='#g'/></defs><rect width='40' height='30' fill='url(#h)'/>");
+}
+
+void VectorPictureTest::referencesWithinThePicture() {
+    QFETCH(QByteArray, content);
+    QVERIFY(renderVectorPicture(svg(content)) == Raster(QSize(40, 30), Red));
+}
+
+void VectorPictureTest::foreignEntities() {
+    const QTemporaryDir folder;
+    const QByteArray path = put(folder.filePath("secret.txt"), "secret").toUtf8();
+    const QByteArray picture =
+        "<!DOCTYPE svg [<!ENTITY e SYSTEM 'file://" + path + "'>]>" + svg("<text x='5' y='20'>&e;</text>");
+    const int number = errorOf([&] {
+        QVERIFY(!selfContainedSvg(picture).contains("secret"));
+        QVERIFY(isBlank(renderVectorPicture(picture)));
+    });
+    QVERIFY(number == 0 || number == error::InvalidPicture);
+}
+
+void VectorPictureTest::styleAndTextSurvive() {
+    const QByteArray drawn = svg("<style>.a { fill: red; }</style><rect class='a' width='40' height='30'/>");
+    QVERIFY(renderVectorPicture(drawn) == Raster(QSize(40, 30), Red));
+    const QByteArray text =
+        svg("<text x='2' y='25' font-family='Liberation Sans' font-size='24'>A&lt;&#233;</text>");
+    QVERIFY(!isBlank(renderVectorPicture(text)));
+}
+
+void VectorPictureTest::damaged_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("text") << QByteArray("neither");
+    QTest::newRow("cut off") << svg("<rect width='9' height='9'/>").chopped(9);
+    QTest::newRow("unclosed") << QByteArray("<svg width='4' height='4'><g></svg>");
+    QTest::newRow("other XML") << QByteArray("<html><body/></html>");
+    QTest::newRow("binary") << encoded(redPicture(), "png");
+    QByteArray laughs = "<!DOCTYPE svg [<!ENTITY a0 'ha'>";
+    for (int i = 1; i < 40; ++i)
+        laughs += "<!ENTITY a" + QByteArray::number(i) + " '&a" + QByteArray::number(i - 1) + ";&a" +
+                  QByteArray::number(i - 1) + ";'>";
+    QTest::newRow("entities that multiply") << laughs + "]>" + svg("<text>&a39;</text>");
+}
+
+void VectorPictureTest::damaged() {
+    QFETCH(QByteArray, content);
+    QCOMPARE(errorOf([&] { renderVectorPicture(content); }), error::InvalidPicture);
+}
+
+void VectorPictureTest::deepNesting_data() {
+    QTest::addColumn<int>("levels");
+    QTest::addColumn<int>("number");
+    QTest::newRow("150") << 150 << 0;
+    QTest::newRow("1000") << 1000 << error::InvalidPicture;
+    QTest::newRow("100000") << 100'000 << error::InvalidPicture;
+}
+
+void VectorPictureTest::deepNesting() {
+    QFETCH(int, levels);
+    QFETCH(int, number);
+    const QByteArray nested = svg(QByteArray("<g>").repeated(levels) + "<rect width='5' height='5'/>" +
+                                  QByteArray("</g>").repeated(levels));
+    QCOMPARE(errorOf([&] { renderVectorPicture(nested); }), number);
+}
+
+void VectorPictureTest::reuse_data() {
+    QTest::addColumn<int>("links");
+    QTest::addColumn<int>("each"); // how often each link draws the one before
+    QTest::addColumn<int>("number");
+    QTest::newRow("a chain") << 15 << 1 << 0;
+    QTest::newRow("a long chain") << 25 << 1 << error::InvalidPicture;
+    QTest::newRow("doubling") << 10 << 2 << 0;
+    QTest::newRow("millions of shapes") << 12 << 4 << error::InvalidPicture;
+}
+
+void VectorPictureTest::reuse() {
+    QFETCH(int, links);
+    QFETCH(int, each);
+    QFETCH(int, number);
+    QByteArray body = "<g id='n0'><rect width='5' height='5' fill='red'/></g>";
+    for (int i = 1; i < links; ++i) {
+        const QByteArray before = QByteArray("<use xlink:href='#n") + QByteArray::number(i - 1) + "'/>";
+        body += QByteArray("<g id='n") + QByteArray::number(i) + "'>" + before.repeated(each) + "</g>";
+    }
+    QCOMPARE(errorOf([&] { renderVectorPicture(svg(body)); }), number);
+}
+
+void VectorPictureTest::reuseInCircles() {
+    const QByteArray circle = svg("<g id='a'><use xlink:href='#b'/></g><g id='b'><use xlink:href='#a'/></g>");
+    QCOMPARE(errorOf([&] { renderVectorPicture(circle); }), error::InvalidPicture);
+}
+
+void VectorPictureTest::reuseOfWhatFollows() {
+    QByteArray body;
+    for (int i = 0; i < 100'000; ++i)
+        body += QByteArray("<g id='n") + QByteArray::number(i) + "'><use xlink:href='#n" +
+                QByteArray::number(i + 1) + "'/></g>";
+    QCOMPARE(errorOf([&] { renderVectorPicture(svg(body)); }), error::InvalidPicture);
+}
+
+void VectorPictureTest::tooLarge_data() {
+    QTest::addColumn<QByteArray>("size");
+    QTest::newRow("too many pixels") << QByteArray("width='20000' height='20000'");
+    QTest::newRow("side too long") << QByteArray("width='2000000' height='1'");
+    QTest::newRow("viewBox") << QByteArray("viewBox='0 0 90000 90000'");
+}
+
+void VectorPictureTest::tooLarge() {
+    QFETCH(QByteArray, size);
+    QCOMPARE(errorOf([&] { renderVectorPicture(svg("", size)); }), error::OutOfMemory);
+}
+
+QTEST_MAIN(VectorPictureTest)
+#include "tst_vectorpicture.moc"
