@@ -5,6 +5,8 @@
 #include "platform/clipboard.h"
 #include "platform/runtimeerror.h"
 #include "ui/icons.h"
+#include "wizards/rotfonts.h"
+#include "wizards/txt3d.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -29,7 +31,8 @@ QWidget* newContent(QMainWindow& window) {
 } // namespace
 
 MainWindow::MainWindow(Dialogs& dialogs)
-    : m_content(newContent(*this))
+    : m_dialogs(dialogs)
+    , m_content(newContent(*this))
     , m_menus(*this)
     , m_toolBox(new ToolBox(m_content))
     , m_work(dialogs, this)
@@ -44,6 +47,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , m_open(m_work, m_view, m_save, dialogs)
     , m_copyCut(m_work, m_block, dialogs)
     , m_paste(m_work, m_view, m_block, *m_toolBox->imgRegion, dialogs)
+    , m_handover(m_work, m_view)
     , frafont(new StylePanel(m_work, dialogs, m_content))
     , fraRotateAngle(new AnglePanel(m_content))
     , fra1Color3D(
@@ -59,6 +63,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     connectTextTools();
     connectEditing();
     connectDocument();
+    connectWizards();
     Form_Load();
 }
 
@@ -90,10 +95,11 @@ void MainWindow::connectMenus() {
     m_menus.setCommand(m_menus.mnuFileOpen, [this] { m_open.mnuFileOpen_Click(); });
     m_menus.setCommand(m_menus.mnuFileSave, [this] { m_save.mnuFileSave_Click(); });
     m_menus.setCommand(m_menus.mnuFileExit, [this] { mnuFileExit_Click(); });
-    m_menus.markConnected(m_menus.mnuToolsRegion); // by m_pointer
     m_menus.setCommand(m_menus.Mnu_Pipette, [this] { m_pointer.Mnu_Pipette_Click(); });
     m_menus.setCommand(m_menus.Mnu_ChoixCouleur, [this] { frafont->Mnu_ChoixCouleur_Click(); });
-    m_menus.setCommand(m_menus.mnuTextWrite[0], [this] { mnuTextWrite_Click(0); });
+    for (int i = 0; i < 3; ++i)
+        m_menus.setCommand(m_menus.mnuTextWrite.at(static_cast<std::size_t>(i)),
+                           [this, i] { mnuTextWrite_Click(i); });
 }
 
 void MainWindow::connectEditMenu() {
@@ -147,6 +153,12 @@ void MainWindow::connectDocument() {
     connect(&m_work, &WorkPicture::fileNameShown, lblFileSpec, &QLabel::setText);
 }
 
+void MainWindow::connectWizards() {
+    connect(&m_handover, &Handover::pickerReleased, &m_pointer, &PointerModes::releasePicker);
+    connect(&m_handover, &Handover::backgroundColourLocked, &m_background, &BackgroundColour::lock);
+    connect(&m_handover, &Handover::pictureReplaced, &m_block, &LiftedBlock::forget);
+}
+
 void MainWindow::Form_Load() {
     FormLoading = true;
     m_work.picAuto.setAutoSize(true);
@@ -195,7 +207,7 @@ void MainWindow::layOut(QSize area) {
 }
 
 void MainWindow::mnuFile_Click() {
-    m_menus.setEnabled(m_menus.mnuFileSave, m_work.ImageLoaded);
+    m_menus.mnuFileSave->setEnabled(m_work.ImageLoaded);
 }
 
 void MainWindow::mnuEdit_Click() {
@@ -204,17 +216,17 @@ void MainWindow::mnuEdit_Click() {
                                                         .hasSelection = m_block.HasSelection,
                                                         .clipboardOffersPicture = clipboardOffersPicture()});
     m_toolBox->CmdAnnul->setEnabled(enabled.undo);
-    m_menus.setEnabled(m_menus.mnuEditUndo, enabled.undo);
-    m_menus.setEnabled(m_menus.mnuEditCut, enabled.cut);
-    m_menus.setEnabled(m_menus.mnuEditCopy, enabled.copy);
+    m_menus.mnuEditUndo->setEnabled(enabled.undo);
+    m_menus.mnuEditCut->setEnabled(enabled.cut);
+    m_menus.mnuEditCopy->setEnabled(enabled.copy);
     for (QAction* entry : {m_menus.mnuEditPaste, m_menus.mnuEditPasteTransparent, m_menus.Mnu_ColleNouvIMG})
-        m_menus.setEnabled(entry, enabled.paste);
+        entry->setEnabled(enabled.paste);
     for (QAction* entry : {m_menus.mnuEditPasteFromFile, m_menus.mnuEditPasteFromFileTransparent})
-        m_menus.setEnabled(entry, enabled.pasteFromFile);
+        entry->setEnabled(enabled.pasteFromFile);
 }
 
 void MainWindow::mnuTools_Click() {
-    m_menus.setEnabled(m_menus.mnuToolsRegion, m_work.ImageLoaded);
+    m_menus.mnuToolsRegion->setEnabled(m_work.ImageLoaded);
 }
 
 void MainWindow::mnuText_Click() {
@@ -226,11 +238,25 @@ void MainWindow::mnuTextWrite_Click(int Index) {
     const bool inTheWindow = Index == 0; // the other two kinds of text have a dialog of their own
     if (inTheWindow)
         m_block.ClearSelection(); // which also clears what is drawn over the picture
-    for (QGroupBox* frame : {static_cast<QGroupBox*>(fraRotateAngle), static_cast<QGroupBox*>(fra1Color3D),
-                             static_cast<QGroupBox*>(frafont)})
-        frame->setVisible(inTheWindow);
+    showTextFrames(inTheWindow);
     for (std::size_t i = 0; i < m_menus.mnuTextWrite.size(); ++i)
         m_menus.mnuTextWrite.at(i)->setChecked(static_cast<int>(i) == Index);
+    if (!inTheWindow)
+        showTextDialog(Index);
+}
+
+void MainWindow::showTextFrames(bool shown) {
+    for (QGroupBox* frame : {static_cast<QGroupBox*>(fraRotateAngle), static_cast<QGroupBox*>(fra1Color3D),
+                             static_cast<QGroupBox*>(frafont)})
+        frame->setVisible(shown);
+}
+
+void MainWindow::showTextDialog(int Index) {
+    if (Index == 1)
+        Txt3D(m_handover, m_wizardMemory, m_dialogs, this).exec();
+    else
+        RotFonts(m_handover, m_wizardMemory, m_dialogs, QCoreApplication::applicationDirPath(), this).exec();
+    m_wizardMemory.Cancelled = 0;
 }
 
 void MainWindow::mnuFileExit_Click() {

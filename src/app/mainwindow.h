@@ -18,6 +18,8 @@
 #include "text/anglepanel.h"
 #include "text/onecolourpanel.h"
 #include "text/stylepanel.h"
+#include "wizards/handover.h"
+#include "wizards/wizardmemory.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -70,6 +72,9 @@ private:
     void connectTextTools();
     void connectEditing();
     void connectDocument();
+    void connectWizards();
+    void showTextFrames(bool shown);
+    void showTextDialog(int Index);
     WindowDesign design() const;
     void layOut(QSize area);
     void fitToWindow();
@@ -77,6 +82,7 @@ private:
     bool FormLoading = false;
     bool m_arranged = false; // the second start-up stage has run
 
+    Dialogs& m_dialogs;
     QWidget* m_content;
     Menus m_menus;
     ToolBox* m_toolBox;
@@ -91,6 +97,8 @@ private:
     FileOpen m_open;
     CopyCut m_copyCut;
     Paste m_paste;
+    WizardMemory m_wizardMemory;
+    Handover m_handover;
     StylePanel* frafont;
     AnglePanel* fraRotateAngle;
     OneColourPanel* fra1Color3D;

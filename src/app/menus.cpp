@@ -72,17 +72,7 @@ void Menus::setRule(QMenu* menu, const std::function<void()>& rule) {
 }
 
 void Menus::setCommand(QAction* entry, std::function<void()> command) {
-    markConnected(entry);
     connect(entry, &QAction::triggered, this, [command = std::move(command)] { command(); });
-}
-
-void Menus::markConnected(QAction* entry) {
-    m_commanded.insert(entry);
-    entry->setEnabled(true);
-}
-
-void Menus::setEnabled(QAction* entry, bool enabled) {
-    entry->setEnabled(enabled && m_commanded.contains(entry));
 }
 
 QMenu* Menus::newMenu(const char* name, const QString& caption) {
@@ -99,7 +89,6 @@ QAction* Menus::newEntry(QMenu* menu, const char* name, const QString& caption,
         keys.isEmpty() ? QString() : QLatin1Char('\t') + keys.first().toString(QKeySequence::NativeText);
     QAction* entry = menu->addAction(caption + shown);
     entry->setObjectName(QLatin1String(name));
-    entry->setEnabled(false);
     for (const QKeySequence& key : keys)
         connect(new QShortcut(key, &m_window), &QShortcut::activated, this,
                 [this, menu, entry] { obeyKey(menu, entry); });

@@ -4,15 +4,13 @@
 #include <QHash>
 #include <QMainWindow>
 #include <QMenu>
-#include <QSet>
 
 #include <array>
 #include <functional>
 
 namespace ovrano {
 
-/// The main window's menus. Every entry is there under its name; one is enabled only when it has a command
-/// and its menu's rule allows it.
+/// The main window's menus. Every entry is there under its name, and enabled as its menu's rule says.
 class Menus : public QObject {
     Q_OBJECT
 
@@ -47,10 +45,6 @@ public:
     /// Runs when a menu opens, and before a key of one of its entries is obeyed.
     void setRule(QMenu* menu, const std::function<void()>& rule);
     void setCommand(QAction* entry, std::function<void()> command);
-    /// The entry has a command that is connected elsewhere.
-    void markConnected(QAction* entry);
-    /// Enables an entry that has a command.
-    void setEnabled(QAction* entry, bool enabled);
 
 private:
     void buildFile();
@@ -64,7 +58,6 @@ private:
 
     QMainWindow& m_window;
     QHash<QMenu*, std::function<void()>> m_rules;
-    QSet<QAction*> m_commanded;
 };
 
 } // namespace ovrano

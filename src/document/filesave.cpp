@@ -96,8 +96,10 @@ void FileSave::showSaveDialog() {
     CommonDialog1.Filter = typeList();
     CommonDialog1.Flags = CommonDialog::SaveAskBeforeOverwriting;
     CommonDialog1.CancelError = true;
-    CommonDialog1.FileName =
-        m_work.shownPath(); // not CurrentFileName, which may name a file that is no picture
+    // Not CurrentFileName, which may name a file that is no picture; and the file of a text dialog's picture
+    // has been deleted by the time that its name is shown.
+    const QString shown = m_work.shownPath();
+    CommonDialog1.FileName = FileExists(shown) ? shown : QString();
     CommonDialog1.Target = targetOf;
     try {
         CommonDialog1.ShowSave();

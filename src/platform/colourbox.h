@@ -17,6 +17,9 @@ public:
     Colour BackColor() const { return m_colour; }
     void setBackColor(Colour colour);
 
+    /// From now on the text is black or white, whichever is read better on the colour.
+    void keepCaptionReadable();
+
 Q_SIGNALS:
     void BackColorChanged(int colour);
 

@@ -20,6 +20,12 @@ inline void makeEditable(QComboBox& box) {
     box.setInsertPolicy(QComboBox::NoInsert);
 }
 
+/// The same for numbers: what is typed is not completed, which would make "10" of a typed "1".
+inline void makeNumberBox(QComboBox& box) {
+    makeEditable(box);
+    box.setCompleter(nullptr);
+}
+
 /// Adds the whole numbers from `first` to at most `last`.
 inline void addNumbers(QComboBox& box, int first, int last, int step = 1) {
     QStringList numbers;

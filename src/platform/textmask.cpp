@@ -1,24 +1,17 @@
 #include "platform/textmask.h"
 
+#include "platform/runtimeerror.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace ovrano {
 
 namespace {
-
-/// How far beyond what is asked a cached mask reaches, in pixels: more than the deepest extrusion moves.
-constexpr int WindowMargin = 16;
-
-/// Where ink can be at all: the cell and as much again around it for overhanging letters and accents.
-QRect inkBounds(const QFont& font, const QString& text) {
-    const QSize cell = textExtent(font, text);
-    const int overhang = cell.height() + 1;
-    return QRect(QPoint(0, 0), cell).adjusted(-overhang, -overhang, overhang, overhang);
-}
 
 QImage printed(const QFont& font, const QString& text, const QRect& window) {
     QImage page(window.size(), QImage::Format_Grayscale8);
@@ -30,21 +23,79 @@ QImage printed(const QFont& font, const QString& text, const QRect& window) {
     return page;
 }
 
+/// Soft edges leave their exact coverage in an alpha channel alone.
+QImage coverageOf(const QFont& font, const QString& text, const QRect& window) {
+    QImage page(window.size(), QImage::Format_Alpha8);
+    if (page.isNull())
+        throw RuntimeError(error::OutOfMemory);
+    page.fill(0);
+    QPainter painter(&page);
+    painter.setPen(Qt::black);
+    painter.setFont(font);
+    painter.drawText(QPoint(0, QFontMetrics(font).ascent()) - window.topLeft(), text);
+    painter.end();
+    page.reinterpretAsFormat(QImage::Format_Grayscale8);
+    return page;
+}
+
+/// The part of a page outside of which everything is 0.
+QRect inkIn(const QImage& page) {
+    QRect ink;
+    for (int y = 0; y < page.height(); ++y) {
+        const uchar* const row = page.constScanLine(y);
+        const uchar* const end = row + page.width();
+        const auto isInk = [](uchar value) { return value != 0; };
+        const uchar* const first = std::find_if(row, end, isInk);
+        if (first == end)
+            continue;
+        const uchar* const last =
+            std::find_if(std::reverse_iterator(end), std::reverse_iterator(first), isInk).base() - 1;
+        ink |= QRect(QPoint(static_cast<int>(first - row), y), QPoint(static_cast<int>(last - row), y));
+    }
+    return ink;
+}
+
+QFont fontOf(const QString& family, double points, const TextStyle& style, QFont::StyleStrategy strategy) {
+    QFont font(family);
+    font.setPixelSize(textPixelSize(points));
+    font.setBold(style.bold);
+    font.setItalic(style.italic);
+    font.setUnderline(style.underline);
+    font.setStrikeOut(style.strikeOut);
+    font.setStyleStrategy(strategy);
+    font.setHintingPreference(QFont::PreferFullHinting);
+    return font;
+}
+
 } // namespace
 
 QFont textFont(const QString& family, double points, bool bold, bool italic) {
-    QFont font(family);
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(std::min(points, 10000.0) * 96 / 72))));
-    font.setBold(bold);
-    font.setItalic(italic);
-    font.setStyleStrategy(QFont::NoAntialias);
-    font.setHintingPreference(QFont::PreferFullHinting);
-    return font;
+    return fontOf(family, points, {.bold = bold, .italic = italic}, QFont::NoAntialias);
+}
+
+QFont smoothTextFont(const QString& family, double points, const TextStyle& style) {
+    constexpr int Soft = QFont::PreferAntialias | QFont::NoSubpixelAntialias;
+    return fontOf(family, points, style, static_cast<QFont::StyleStrategy>(Soft));
+}
+
+bool isSmooth(const QFont& font) {
+    return (font.styleStrategy() & QFont::PreferAntialias) != 0;
+}
+
+int textPixelSize(double points) {
+    return std::max(1, static_cast<int>(std::lround(std::min(points, 10000.0) * 96 / 72)));
 }
 
 QSize textExtent(const QFont& font, const QString& text) {
     const QFontMetrics metrics(font);
     return QSize(metrics.horizontalAdvance(text), metrics.height());
+}
+
+QRect inkBounds(const QFont& font, const QString& text) {
+    // The cell and as much again around it for overhanging letters and accents.
+    const QSize cell = textExtent(font, text);
+    const int overhang = cell.height() + 1;
+    return QRect(QPoint(0, 0), cell).adjusted(-overhang, -overhang, overhang, overhang);
 }
 
 TextMask::TextMask(const QFont& font, const QString& text, const QRect& window)
@@ -87,20 +138,16 @@ QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
     return area;
 }
 
-const TextMask& TextMaskCache::mask(const QFont& font, const QString& text, const QRect& needed) {
-    if (!m_mask || m_font != font || m_text != text) {
-        m_font = font;
-        m_text = text;
-        m_bounds = inkBounds(font, text);
-        m_mask.reset();
-    }
-    const QRect wanted = needed & m_bounds;
-    if (!m_mask || !(wanted.isEmpty() || m_mask->window().contains(wanted))) {
-        const QRect roomy = needed.adjusted(-WindowMargin, -WindowMargin, WindowMargin, WindowMargin);
-        m_mask.emplace(font, text, roomy & m_bounds);
-        ++m_misses;
-    }
-    return *m_mask;
+SmoothTextMask::SmoothTextMask(const QFont& font, const QString& text, const QRect& window)
+    : m_window(window) {
+    if (window.isEmpty() || text.isEmpty())
+        return;
+    const QImage page = coverageOf(font, text, window);
+    const QRect ink = inkIn(page);
+    if (ink.isEmpty())
+        return;
+    m_ink = ink.translated(window.topLeft());
+    m_coverage = page.copy(ink);
 }
 
 } // namespace ovrano

@@ -4,6 +4,7 @@
 #include "platform/raster.h"
 
 #include <QFont>
+#include <QImage>
 #include <QRect>
 #include <QString>
 
@@ -16,6 +17,23 @@ namespace ovrano {
 /// it leaves no pale seam), with full hinting (whole-pixel advances, the same on every screen), its size in
 /// pixels taken from points at 96 dots per inch whatever the screen.
 QFont textFont(const QString& family, double points, bool bold, bool italic);
+
+/// What a text can be besides large.
+struct TextStyle {
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
+};
+
+/// The font that prints with soft edges, where no mask is cut from the text later; otherwise as textFont().
+QFont smoothTextFont(const QString& family, double points, const TextStyle& style = {});
+
+/// Whether a surface prints in this font with soft edges.
+bool isSmooth(const QFont& font);
+
+/// The height in pixels of a font of so many points, at least 1: 96 dots per inch whatever the screen.
+int textPixelSize(double points);
 
 /// Advance width and line height of a one-line text in pixels.
 QSize textExtent(const QFont& font, const QString& text);
@@ -42,21 +60,67 @@ private:
     std::vector<Run> m_runs; // from top to bottom, left to right
 };
 
+/// The same for a text with soft edges: for each pixel how much of it the ink covers, from 0 to 255. Only the
+/// part inside a window is kept.
+class SmoothTextMask {
+public:
+    SmoothTextMask(const QFont& font, const QString& text, const QRect& window);
+
+    const QRect& window() const { return m_window; }
+    /// Where there is any ink, relative to the upper-left corner of the text's cell; empty without ink.
+    const QRect& ink() const { return m_ink; }
+    /// The ink's coverage, Format_Grayscale8, of the size of ink().
+    const QImage& coverage() const { return m_coverage; }
+
+private:
+    QRect m_window;
+    QRect m_ink;
+    QImage m_coverage;
+};
+
+/// Where a text can have ink at all, relative to the upper-left corner of its cell.
+QRect inkBounds(const QFont& font, const QString& text);
+
 /// Keeps the mask of the last text, so that the layers of an extrusion print their text once.
-class TextMaskCache {
+template<typename Mask>
+class MaskCache {
 public:
     /// The mask whose window holds `needed` (relative to the text's corner).
-    const TextMask& mask(const QFont& font, const QString& text, const QRect& needed);
+    const Mask& mask(const QFont& font, const QString& text, const QRect& needed);
 
     /// How many texts have been turned into a mask so far.
     int misses() const { return m_misses; }
 
 private:
+    /// How far beyond what is asked a mask reaches, in pixels: more than the deepest one-colour extrusion
+    /// moves.
+    static constexpr int WindowMargin = 16;
+
     QFont m_font;
     QString m_text;
     QRect m_bounds; // where this text can have ink
-    std::optional<TextMask> m_mask;
+    std::optional<Mask> m_mask;
     int m_misses = 0;
 };
+
+using TextMaskCache = MaskCache<TextMask>;
+using SmoothTextMaskCache = MaskCache<SmoothTextMask>;
+
+template<typename Mask>
+const Mask& MaskCache<Mask>::mask(const QFont& font, const QString& text, const QRect& needed) {
+    if (!m_mask || m_font != font || m_text != text) {
+        m_font = font;
+        m_text = text;
+        m_bounds = inkBounds(font, text);
+        m_mask.reset();
+    }
+    const QRect wanted = needed & m_bounds;
+    if (!m_mask || !(wanted.isEmpty() || m_mask->window().contains(wanted))) {
+        const QRect roomy = needed.adjusted(-WindowMargin, -WindowMargin, WindowMargin, WindowMargin);
+        m_mask.emplace(font, text, roomy & m_bounds);
+        ++m_misses;
+    }
+    return *m_mask;
+}
 
 } // namespace ovrano

@@ -2,9 +2,9 @@
 
 #include "platform/controls.h"
 #include "platform/errorreporter.h"
+#include "platform/fontbox.h"
 #include "platform/keyfilter.h"
 #include "platform/numbers.h"
-#include "platform/screen.h"
 #include "platform/textmask.h"
 #include "platform/typingfilter.h"
 #include "text/colourcaption.h"
@@ -27,6 +27,8 @@ constexpr QSize SwatchSize(28, 22);
 constexpr int MoreButtonWidth = 30;
 constexpr int SizeBoxWidth = 64;
 constexpr int Spacing = 4;
+
+constexpr int FontCharacters = 12;
 
 } // namespace
 
@@ -58,15 +60,9 @@ StylePanel::StylePanel(WorkPicture& work, Dialogs& dialogs, QWidget* parent)
 }
 
 void StylePanel::fillLists() {
-    makeEditable(*cboFontName);
-    cboFontName->addItems(screenFonts());
-    cboFontName->setMinimumContentsLength(12);
-    cboFontName->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cboFontName->setCurrentIndex(cboFontName->findText(QStringLiteral("Arial")));
-    cboFontName->setEditText(QStringLiteral("Arial"));
+    fillWithFonts(*cboFontName, FontCharacters);
 
-    makeEditable(*txtFontSize);
-    txtFontSize->setCompleter(nullptr); // would make "10" of a typed "1"
+    makeNumberBox(*txtFontSize);
     addNumbers(*txtFontSize, SmallestSize, LargestSize);
     txtFontSize->setCurrentIndex(txtFontSize->findText(QStringLiteral("24")));
     txtFontSize->setFixedWidth(SizeBoxWidth);

@@ -55,7 +55,6 @@ private Q_SLOTS:
     void captionsOfTheMenus_data();
     void captionsOfTheMenus();
     void mnemonicsAreUniquePerMenu();
-    void entriesWithoutCommandStayDisabled();
     void everyControlIsVisibleWithoutOverlap_data();
     void everyControlIsVisibleWithoutOverlap();
     void resizingLaysOutAndResetsNothing();
@@ -227,16 +226,6 @@ void TestMainWindow::mnemonicsAreUniquePerMenu() {
             seen.insert(key);
         }
     }
-}
-
-void TestMainWindow::entriesWithoutCommandStayDisabled() {
-    Program program;
-    QGuiApplication::clipboard()->setImage(QImage(3, 3, QImage::Format_RGB32));
-    for (const char* menu : {"mnuFile", "mnuEdit", "mnuTools", "mnuText"})
-        program.openMenu(menu);
-    for (const char* name : {"mnuTextWrite(1)", "mnuTextWrite(2)"})
-        QVERIFY2(!program.entry(name)->isEnabled(), name);
-    QGuiApplication::clipboard()->clear();
 }
 
 void TestMainWindow::everyControlIsVisibleWithoutOverlap_data() {

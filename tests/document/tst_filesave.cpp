@@ -121,14 +121,19 @@ void FileSaveTest::dialogProposesTheFileThatIsShown() {
     m_work->showFileName("Sans Nom"); // no file yet
     m_dialogs->cancelSave();
     m_save->mnuFileSave_Click();
-    m_work->showFileName("/home/moi/fond.png");
+    const QString opened = put(path("fond.png"), "a picture");
+    m_work->showFileName(opened);
     save("a.x", Bmp);
     m_work->CurrentFileName = "/home/moi/lettre.txt"; // what could not be opened
     m_dialogs->cancelSave();
     m_save->mnuFileSave_Click();
+    m_work->showFileName(path("Temp.bmp")); // what a text dialog has deleted
+    m_dialogs->cancelSave();
+    m_save->mnuFileSave_Click();
     QCOMPARE(m_dialogs->saves.at(0).fileName, QString());
-    QCOMPARE(m_dialogs->saves.at(1).fileName, QString("/home/moi/fond.png"));
+    QCOMPARE(m_dialogs->saves.at(1).fileName, opened);
     QCOMPARE(m_dialogs->saves.at(2).fileName, path("a.bmp"));
+    QCOMPARE(m_dialogs->saves.at(3).fileName, QString());
 }
 
 void FileSaveTest::overwritingIsAskedForTheFileThatIsWritten() {

@@ -2,7 +2,9 @@
 
 #include "app/mainwindow.h"
 #include "support/answeringdialogs.h"
+#include "support/guithread.h"
 #include "support/inputerror.h"
+#include "support/playuser.h"
 #include "support/user.h"
 
 #include <QLabel>
@@ -35,6 +37,18 @@ struct Program {
             user.waitForWindow(QStringLiteral("frmPicText0"));
             window.view().picDisp->setFocus(); // the text field keeps the keys of the clipboard to itself
             script();
+        } catch (const InputError& error) {
+            QTest::qFail(error.what(), __FILE__, __LINE__);
+        }
+    }
+
+    /// The same for scripts that work dialogs of the program's own, which wait for their answer.
+    void playBeside(const std::function<void()>& script) {
+        try {
+            playUser([&] {
+                user.waitForWindow(QStringLiteral("frmPicText0"));
+                script();
+            });
         } catch (const InputError& error) {
             QTest::qFail(error.what(), __FILE__, __LINE__);
         }

@@ -92,8 +92,9 @@ bool isListOpen(const QString& name) {
 
 QWidget* User::shown(const QString& name) {
     const QList<QWidget*> widgets = QApplication::allWidgets();
+    const QWidget* modal = QApplication::activeModalWidget();
     const auto found = std::find_if(widgets.begin(), widgets.end(), [&](const QWidget* widget) {
-        return widget->objectName() == name && widget->isVisible();
+        return widget->objectName() == name && widget->isVisible() && (!modal || widget->window() == modal);
     });
     return found == widgets.end() ? nullptr : *found;
 }

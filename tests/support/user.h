@@ -40,7 +40,8 @@ public:
 
     /// Where a visible and usable widget is on the screen.
     QRect place(const QString& name);
-    /// A visible widget, or nothing; only for the program's thread.
+    /// A visible widget that can be reached (while a modal dialog is open, one of its own), or nothing; only
+    /// for the program's thread.
     static QWidget* shown(const QString& name);
 };
 

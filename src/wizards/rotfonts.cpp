@@ -1,0 +1,246 @@
+#include "wizards/rotfonts.h"
+
+#include "platform/errorreporter.h"
+#include "platform/numbers.h"
+#include "platform/textmask.h"
+#include "wizards/modroundtext.h"
+#include "wizards/temporarybmp.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFocusEvent>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <cmath>
+#include <limits>
+
+namespace ovrano {
+
+namespace {
+
+/// The number in a text as single precision. Throws RuntimeError 6 when it is too large for that.
+float singleValue(const QString& text) {
+    const double value = numericValue(text);
+    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+        throw RuntimeError(error::Overflow);
+    return static_cast<float>(value);
+}
+
+/// Half of a length in pixels, as a text.
+QString halfOf(int length) {
+    return QString::number(length / 2.0, 'g', std::numeric_limits<float>::max_digits10);
+}
+
+bool isInside(const QObject* object, const QObject& ancestor) {
+    while (object && object != &ancestor)
+        object = object->parent();
+    return object;
+}
+
+/// Whether a field was left for another one, rather than for its own list or menu or another window.
+bool isLeaving(const QObject& field, const QEvent& event) {
+    if (event.type() != QEvent::FocusOut)
+        return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+           !isInside(QApplication::focusWidget(), field);
+}
+
+} // namespace
+
+RotFonts::RotFonts(Handover& handover, WizardMemory& memory, Dialogs& dialogs, const QString& programFolder,
+                   QWidget* parent)
+    : RotFontsForm(parent)
+    , m_handover(handover)
+    , m_memory(memory)
+    , m_dialogs(dialogs)
+    , m_programFolder(programFolder)
+    , CommonDialog1(dialogs) {
+    setCentreDefaults();
+    connectFields();
+    connectButtons();
+    connect(Frame6, &ExampleFrame::pictureResized, this, &RotFonts::redrawResized);
+}
+
+void RotFonts::connectFields() {
+    for (QLineEdit* field : {Text1, TxtCX, TxtCY}) {
+        connect(field, &QLineEdit::textChanged, this, &RotFonts::refresh);
+        field->installEventFilter(this);
+    }
+    for (QComboBox* field : {txtDegree, txtRaggio, txtSettore, txtSize, txtFont}) {
+        connect(field, &QComboBox::editTextChanged, this, &RotFonts::refresh);
+        connect(field, &QComboBox::activated, this, &RotFonts::refresh);
+        connect(field->view()->verticalScrollBar(), &QScrollBar::valueChanged, this, &RotFonts::refresh);
+        if (field != txtFont)
+            field->installEventFilter(this);
+    }
+}
+
+void RotFonts::connectButtons() {
+    connect(Check1, &QCheckBox::toggled, this, &RotFonts::Check1_Click);
+    connect(cmdColor, &QPushButton::clicked, this, &RotFonts::cmdColor_Click);
+    connect(Command1, &QPushButton::clicked, this, &RotFonts::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &RotFonts::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &RotFonts::Command3_Click);
+    connect(Command4, &QPushButton::clicked, this, &RotFonts::Command4_Click);
+    connect(Command5, &QPushButton::clicked, this, &RotFonts::Command5_Click);
+}
+
+bool RotFonts::event(QEvent* event) {
+    if (event->type() == QEvent::WindowDeactivate) {
+        const QWidget* modal = QApplication::activeModalWidget();
+        m_ownDialogActive = modal && modal != this;
+    } else if (event->type() == QEvent::WindowActivate && !std::exchange(m_ownDialogActive, false)) {
+        Form_Activate();
+    }
+    return RotFontsForm::event(event);
+}
+
+bool RotFonts::eventFilter(QObject* watched, QEvent* event) {
+    if (isLeaving(*watched, *event))
+        Command1_Click();
+    else if (event->type() == QEvent::MouseButtonRelease && (watched == TxtCX || watched == TxtCY))
+        refresh();
+    return RotFontsForm::eventFilter(watched, event);
+}
+
+void RotFonts::refresh() {
+    if (AutoRefresh == 1)
+        Command1_Click();
+}
+
+void RotFonts::redrawResized() {
+    // What was drawn and no longer in the picture comes back with its place.
+    Picture1.Cls();
+    if (m_drawn)
+        print(Picture1, *m_drawn);
+}
+
+void RotFonts::Check1_Click() {
+    AutoRefresh = Check1->isChecked() ? 1 : 0;
+}
+
+void RotFonts::Command1_Click() {
+    Picture1.Cls();
+    m_drawn.reset();
+    skipOnError([this] {
+        m_drawn = settings();
+        print(Picture1, *m_drawn);
+    });
+}
+
+RotFonts::Drawing RotFonts::settings() const {
+    return {Text1->text(),
+            textFont(txtFont->currentText(), numericValue(txtSize->currentText()), false, false),
+            LblCoulTexte->BackColor(),
+            singleValue(txtDegree->currentText()),
+            singleValue(txtRaggio->currentText()),
+            integerValue(TxtCX->text()),
+            integerValue(TxtCY->text()),
+            singleValue(txtSettore->currentText())};
+}
+
+void RotFonts::print(Surface& target, const Drawing& drawing) const {
+    target.setFont(drawing.font);
+    target.setForeColor(drawing.colour);
+    PrintRoundText(target, drawing.text, drawing.startAngle, drawing.radius, drawing.centreX, drawing.centreY,
+                   drawing.sector);
+}
+
+void RotFonts::cmdColor_Click() {
+    if (chooseColour(*LblCoulTexte, QStringLiteral("cmdColor_Click")))
+        refresh();
+}
+
+void RotFonts::Command2_Click() {
+    if (!chooseColour(*LblFond, QStringLiteral("Command2_Click")))
+        return;
+    Picture1.setBackColor(LblFond->BackColor());
+    m_drawn.reset();
+    refresh();
+}
+
+bool RotFonts::chooseColour(ColourBox& box, const QString& handler) {
+    bool chosen = false;
+    trapErrors(m_dialogs, handler, [&] {
+        CommonDialog1.CancelError = true;
+        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
+        CommonDialog1.Color = box.BackColor();
+        CommonDialog1.ShowColor();
+        box.setBackColor(CommonDialog1.Color);
+        chosen = true;
+    });
+    return chosen;
+}
+
+void RotFonts::setCentreDefaults() {
+    // Both at once: the preview is drawn once, not with a half-changed centre in between.
+    const QSignalBlocker quietX(TxtCX);
+    const QSignalBlocker quietY(TxtCY);
+    TxtCX->setText(halfOf(Picture1.Width()));
+    TxtCY->setText(halfOf(Picture1.Height()));
+}
+
+void RotFonts::Command4_Click() {
+    setCentreDefaults();
+    refresh();
+}
+
+void RotFonts::Command3_Click() {
+    m_memory.TwoColourText = Text1->text();
+    m_memory.Cancelled = 0;
+    Command1_Click();
+    trapErrors(m_dialogs, QStringLiteral("Command3_Click"), [this] {
+        printOnWorkPicture();
+        giveToCompanions(m_handover.work().picDisp.Picture());
+        passThroughFile();
+    });
+    m_handover.present();
+    accept();
+}
+
+void RotFonts::printOnWorkPicture() {
+    Surface& picDisp = m_handover.work().picDisp;
+    // The preview's text is drawn and not committed: its persistent image is the background, on which the
+    // smoothed text is printed once, as in the preview.
+    m_handover.take(Raster(Picture1.innerSize(), Picture1.BackColor()));
+    picDisp.setAutoSize(false);
+    if (m_drawn)
+        print(picDisp, *m_drawn);
+    picDisp.commit();
+}
+
+void RotFonts::passThroughFile() {
+    WorkPicture& work = m_handover.work();
+    const StoredPicture stored = throughTemporaryBmp(work.picDisp.Picture(), m_programFolder);
+    work.picDisp.setPicture(stored.picture);
+    giveToCompanions(stored.picture);
+    work.showFileName(stored.path);
+}
+
+void RotFonts::giveToCompanions(const Raster& picture) {
+    WorkPicture& work = m_handover.work();
+    for (Surface* companion : {&work.picSnap, &work.picUndo}) {
+        takeSize(*companion, work.picDisp);
+        companion->setPicture(picture);
+    }
+    work.picRegion.setPicture(picture);
+    work.picMask.setPicture(picture);
+}
+
+void RotFonts::Command5_Click() {
+    m_memory.Cancelled = 1;
+    RotFontsForm::reject();
+}
+
+void RotFonts::waitFor(float seconds) {
+    const double delay = std::isfinite(seconds) ? static_cast<double>(seconds) * 1e9 : 0;
+    QElapsedTimer waiting;
+    waiting.start();
+    while (static_cast<double>(waiting.nsecsElapsed()) < delay) {
+    }
+}
+
+} // namespace ovrano

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/commondialog.h"
+#include "platform/dialogs.h"
+#include "wizards/handover.h"
+#include "wizards/rotfontsform.h"
+#include "wizards/wizardmemory.h"
+
+#include <QFont>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace ovrano {
+
+/// Lays a text along a circle on a preview picture and makes the preview the work picture.
+///
+/// The settings live in the controls and are not checked: what is no number counts as the number that it
+/// starts with, or 0. A number too large for what it is used for leaves the preview empty.
+class RotFonts : public RotFontsForm {
+    Q_OBJECT
+
+public:
+    /// `programFolder` is where Apply writes its temporary file.
+    RotFonts(Handover& handover, WizardMemory& memory, Dialogs& dialogs, const QString& programFolder,
+             QWidget* parent = nullptr);
+
+    std::int16_t AutoRefresh = 0; // 1 while every change is drawn at once
+
+    void Check1_Click();
+    /// Dessiner.
+    void Command1_Click();
+    void cmdColor_Click();
+    void Command2_Click();
+    /// Appliquer: the dialog closes as accepted.
+    void Command3_Click();
+    /// Défaut.
+    void Command4_Click();
+    /// Fermer: the dialog closes as rejected.
+    void Command5_Click();
+    /// The window has become the active one.
+    void Form_Activate() { Command1_Click(); }
+
+    /// The close box and Escape do as Fermer.
+    void reject() override { Command5_Click(); }
+
+    /// Waits without letting anything else happen. Midnight makes no difference, and neither does setting the
+    /// clock: what counts is the time that has passed. A negative delay, and one that is no number or has no
+    /// end, is over at once.
+    static void waitFor(float seconds);
+
+protected:
+    bool event(QEvent* event) override;
+    /// Tells when a field is left or clicked.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// What Dessiner has drawn.
+    struct Drawing {
+        QString text;
+        QFont font;
+        Colour colour;
+        float startAngle;
+        float radius;
+        std::int16_t centreX;
+        std::int16_t centreY;
+        float sector;
+    };
+
+    void connectFields();
+    void connectButtons();
+    void refresh();
+    void redrawResized();
+    void setCentreDefaults();
+    bool chooseColour(ColourBox& box, const QString& handler);
+    Drawing settings() const;
+    void print(Surface& target, const Drawing& drawing) const;
+    void printOnWorkPicture();
+    void passThroughFile();
+    void giveToCompanions(const Raster& picture);
+
+    Handover& m_handover;
+    WizardMemory& m_memory;
+    Dialogs& m_dialogs;
+    const QString m_programFolder;
+    CommonDialog CommonDialog1;
+    std::optional<Drawing> m_drawn; // what the preview shows; nothing when it shows the background alone
+    bool m_ownDialogActive = false; // the window lost the activation to a dialog of its own
+};
+
+} // namespace ovrano

@@ -1,0 +1,99 @@
+#include "txt3dbench.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace ovrano;
+
+class Txt3DApplyTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void applyHandsThePictureOver();
+    void applyTellsTheWindow();
+    void applyTouchesNeitherUndoNorModification();
+    void leavingChangesNothing_data();
+    void leavingChangesNothing();
+    void closesWhileAFieldHasTheKeyboard();
+};
+
+void Txt3DApplyTest::applyHandsThePictureOver() {
+    Txt3DBench bench;
+    bench.extrude(QStringLiteral("90"));
+    const Raster shown = bench.shown();
+    bench.dialog->Command1->click();
+    QCOMPARE(bench.dialog->result(), int(QDialog::Accepted));
+    QCOMPARE(bench.work.picDisp.Image(), shown);
+    QCOMPARE(bench.work.picDisp.Picture(), shown);
+    QCOMPARE(bench.work.picDisp.innerSize(), QSize(560, 220));
+    QCOMPARE(bench.work.picSnap.innerSize(), bench.work.picDisp.innerSize());
+    QCOMPARE(bench.work.picMask.innerSize(), QSize(560, 560));
+    QCOMPARE(bench.memory.Cancelled, std::int16_t{0});
+}
+
+void Txt3DApplyTest::applyTellsTheWindow() {
+    Txt3DBench bench;
+    QSignalSpy size(&bench.work, &WorkPicture::imageSizeShown);
+    QSignalSpy picker(&bench.handover, &Handover::pickerReleased);
+    QSignalSpy locked(&bench.handover, &Handover::backgroundColourLocked);
+    QSignalSpy replaced(&bench.handover, &Handover::pictureReplaced);
+    bench.view.HScroll1->setRange(0, 1000);
+    bench.view.HScroll1->setValue(7);
+    bench.dialog->Command1->click();
+    QCOMPARE(size.last().first().toString(), QStringLiteral("L=560  H=220"));
+    QCOMPARE(bench.view.HScroll1->value(), 0);
+    QCOMPARE(bench.view.VScroll1->value(), 0);
+    QCOMPARE(picker.size(), 1);
+    QCOMPARE(locked.size(), 1);
+    QCOMPARE(replaced.size(), 1);
+}
+
+void Txt3DApplyTest::applyTouchesNeitherUndoNorModification() {
+    for (const bool modified : {false, true}) {
+        Txt3DBench bench;
+        bench.work.ImageModified = modified;
+        bench.work.picUndo.setInnerSize(QSize(3, 4));
+        bench.dialog->Command1->click();
+        QCOMPARE(bench.work.ImageModified, modified);
+        QVERIFY(!bench.work.UndoAvailable);
+        QCOMPARE(bench.work.picUndo.innerSize(), QSize(3, 4));
+    }
+}
+
+void Txt3DApplyTest::leavingChangesNothing_data() {
+    QTest::addColumn<int>("way");
+    QTest::newRow("button") << 0;
+    QTest::newRow("close box") << 1;
+    QTest::newRow("Escape") << 2;
+}
+
+void Txt3DApplyTest::leavingChangesNothing() {
+    QFETCH(int, way);
+    Txt3DBench bench;
+    const Raster before = bench.work.picDisp.Image();
+    bench.show();
+    bench.dialog->Text1->setText(QStringLiteral("Autre"));
+    QCOMPARE(bench.memory.Cancelled, std::int16_t{0});
+    if (way == 0)
+        bench.dialog->Command2->click();
+    else if (way == 1)
+        bench.dialog->close();
+    else
+        Txt3DBench::press(Qt::Key_Escape);
+    QVERIFY(!bench.dialog->isVisible());
+    QCOMPARE(bench.memory.Cancelled, std::int16_t{1});
+    QCOMPARE(bench.work.picDisp.Image(), before);
+    QCOMPARE(bench.memory.TwoColourText, QStringLiteral("Été"));
+}
+
+void Txt3DApplyTest::closesWhileAFieldHasTheKeyboard() {
+    Txt3DBench bench;
+    bench.show();
+    bench.dialog->Combo2->setFocus();
+    bench.dialog->Combo2->setEditText(QStringLiteral("33"));
+    bench.dialog.reset(); // the field loses the keyboard meanwhile
+    QCOMPARE(bench.work.picDisp.Font().pixelSize(), 44);
+}
+
+QTEST_MAIN(Txt3DApplyTest)
+#include "tst_txt3dapply.moc"
