@@ -4,6 +4,7 @@
 #include "app/windowlayout.h"
 #include "platform/clipboard.h"
 #include "platform/runtimeerror.h"
+#include "platform/yield.h"
 #include "ui/icons.h"
 #include "wizards/rotfonts.h"
 #include "wizards/txt3d.h"
@@ -140,8 +141,14 @@ void MainWindow::connectEditing() {
 }
 
 void MainWindow::connectDocument() {
-    connect(m_toolBox->Command1, &QAbstractButton::clicked, this, [this] { Command1_Click(); });
-    connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this, [this] { CmdAnnul_Click(); });
+    connect(m_toolBox->Command1, &QAbstractButton::clicked, this, [this] {
+        if (!EventYield::isUnderWay())
+            Command1_Click();
+    });
+    connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this, [this] {
+        if (!EventYield::isUnderWay())
+            CmdAnnul_Click();
+    });
     connect(m_toolBox->cmdCancel, &QAbstractButton::clicked, this, [this] { cmdCancel_Click(); });
     connect(&m_undo, &Undo::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(&m_open, &FileOpen::pickerReleased, &m_pointer, &PointerModes::releasePicker);

@@ -1,5 +1,7 @@
 #include "app/menus.h"
 
+#include "platform/yield.h"
+
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QShortcut>
@@ -72,7 +74,10 @@ void Menus::setRule(QMenu* menu, const std::function<void()>& rule) {
 }
 
 void Menus::setCommand(QAction* entry, std::function<void()> command) {
-    connect(entry, &QAction::triggered, this, [command = std::move(command)] { command(); });
+    connect(entry, &QAction::triggered, this, [command = std::move(command)] {
+        if (!EventYield::isUnderWay())
+            command();
+    });
 }
 
 QMenu* Menus::newMenu(const char* name, const QString& caption) {
@@ -89,9 +94,11 @@ QAction* Menus::newEntry(QMenu* menu, const char* name, const QString& caption,
         keys.isEmpty() ? QString() : QLatin1Char('\t') + keys.first().toString(QKeySequence::NativeText);
     QAction* entry = menu->addAction(caption + shown);
     entry->setObjectName(QLatin1String(name));
-    for (const QKeySequence& key : keys)
-        connect(new QShortcut(key, &m_window), &QShortcut::activated, this,
-                [this, menu, entry] { obeyKey(menu, entry); });
+    for (const QKeySequence& key : keys) {
+        auto* shortcut = new QShortcut(key, &m_window);
+        shortcut->setAutoRepeat(false); // a key held during a long command would repeat it for minutes
+        connect(shortcut, &QShortcut::activated, this, [this, menu, entry] { obeyKey(menu, entry); });
+    }
     return entry;
 }
 

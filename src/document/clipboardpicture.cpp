@@ -38,13 +38,15 @@ std::optional<Raster> vectorPicture() {
     return type.isEmpty() ? std::nullopt : attempt([&] { return renderVectorPicture(clipboardBytes(type)); });
 }
 
-/// Types that only the toolkit knows. It would take a vector picture for one as well, with all it refers to.
-std::optional<Raster> otherPicture() {
+/// From a system whose own picture format the toolkit translates. It would do so with a vector picture as
+/// well, and with all that this refers to.
+std::optional<Raster> systemPicture() {
     if (!clipboardVectorType().isEmpty())
         return std::nullopt;
     QImage image = clipboardImage();
     if (image.isNull())
         return std::nullopt;
+    requireAcceptable(image.size());
     EventYield yield;
     return toRaster(std::move(image), QImageIOHandler::TransformationNone, yield);
 }
@@ -52,7 +54,7 @@ std::optional<Raster> otherPicture() {
 } // namespace
 
 std::optional<Raster> clipboardPicture() {
-    for (const auto& read : {ownClipboardPicture, rasterPicture, vectorPicture, otherPicture})
+    for (const auto& read : {ownClipboardPicture, rasterPicture, vectorPicture, systemPicture})
         if (auto picture = read())
             return picture;
     return std::nullopt;

@@ -3,60 +3,83 @@
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 namespace ovrano {
 
 namespace {
 
-constexpr double Endless = std::numeric_limits<double>::infinity();
+void requireAtMost(qint64 limit, qint64 value) {
+    if (value > limit)
+        throw RuntimeError(error::InvalidPicture);
+}
 
 } // namespace
 
-void DrawingBudget::enter(const QString& id, const QString& reused) {
-    if (m_open.size() >= DeepestNesting)
-        throw RuntimeError(error::InvalidPicture);
-    m_open.push_back(id);
-    const auto count = [&](const QString& name) {
-        Named& named = m_named[name];
-        named.elements += 1;
-        if (!reused.isEmpty())
-            named.reused.append(reused);
-    };
-    count(QString());
-    for (const QString& name : m_open)
-        if (!name.isEmpty())
-            count(name);
+void DrawingBudget::requireAffordable(qint64 elements, qint64 pixels) {
+    requireAtMost(MostElementPixels, elements * pixels);
+}
+
+void DrawingBudget::enter(const QStringList& names, const QStringList& reused) {
+    requireAtMost(DeepestNesting - 1, static_cast<qint64>(m_open.size()));
+    Open opened{{}, m_elements, m_reused.size()};
+    for (const QString& name : names)
+        opened.names.push_back(placeOf(name));
+    m_open.push_back(std::move(opened));
+    for (const QString& name : reused)
+        m_reused.push_back(placeOf(name));
+    requireAtMost(MostElements, ++m_elements);
 }
 
 void DrawingBudget::leave() {
+    const Open& ended = m_open.back();
+    for (const std::size_t place : ended.names)
+        m_parts[place].push_back({m_elements - ended.elementsBefore, ended.firstReuse, m_reused.size()});
     m_open.pop_back();
 }
 
-bool DrawingBudget::isKept() const {
-    QHash<QString, Cost> known;
-    return cost(QString(), 0, known).isKept();
+std::size_t DrawingBudget::placeOf(const QString& name) {
+    const auto found = m_places.constFind(name);
+    if (found != m_places.constEnd())
+        return *found;
+    m_places.insert(name, m_parts.size());
+    m_parts.emplace_back();
+    return m_parts.size() - 1;
 }
 
-/// `known` holds what has been counted, and marks as endless what is being counted: who comes back to it
-/// draws himself. The first cost beyond the limits ends the count.
-DrawingBudget::Cost DrawingBudget::cost(const QString& id, int depth, QHash<QString, Cost>& known) const {
-    if (const auto found = known.constFind(id); found != known.constEnd())
-        return *found;
-    if (depth > LongestChain)
-        return {Endless, 0};
-    const Named named = m_named.value(id);
-    known.insert(id, {Endless, 0});
-    Cost sum{named.elements, 0};
-    for (const QString& reused : named.reused) {
-        const Cost one = cost(reused, depth + 1, known);
+qint64 DrawingBudget::drawnElements() const {
+    KnownCosts known(m_parts.size());
+    return costOf({m_elements, 0, m_reused.size()}, 0, known).elements;
+}
+
+/// `depth` elements draw one another on the way from the whole picture to this part. What is beyond a limit
+/// here is so for the whole picture, of which everything named is a part.
+DrawingBudget::Cost DrawingBudget::costOf(const Part& part, int depth, KnownCosts& known) const {
+    Cost sum{part.elements, 0};
+    for (std::size_t reuse = part.firstReuse; reuse < part.pastReuse; ++reuse) {
+        const Cost one = costOfNamed(m_reused[reuse], depth + 1, known);
         sum.elements += one.elements;
         sum.chain = std::max(sum.chain, one.chain + 1);
-        if (!sum.isKept())
-            return sum;
+        requireAtMost(MostElements, sum.elements);
+        requireAtMost(LongestChain, depth + sum.chain);
     }
-    known.insert(id, sum);
     return sum;
+}
+
+/// A circle has no cost: it is followed until the chain is too long.
+DrawingBudget::Cost DrawingBudget::costOfNamed(std::size_t place, int depth, KnownCosts& known) const {
+    requireAtMost(LongestChain, depth);
+    if (!known[place]) {
+        Cost sum;
+        for (const Part& part : m_parts[place]) {
+            const Cost one = costOf(part, depth, known);
+            sum.elements += one.elements;
+            sum.chain = std::max(sum.chain, one.chain);
+            requireAtMost(MostElements, sum.elements);
+        }
+        known[place] = sum;
+    }
+    return *known[place];
 }
 
 } // namespace ovrano

@@ -4,44 +4,69 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace ovrano {
 
-/// Tells whether the elements of a vector picture can be drawn in reasonable time and depth. An element may
-/// draw another one once more by its name, which draws others in turn: a few lines can stand for billions of
-/// shapes, or for none that ever ends.
+/// Counts the elements that drawing a vector picture comes to, and tells whether they are too many. An
+/// element may draw another one once more by its name, which draws others in turn: a few lines can stand for
+/// billions of shapes, or for none that ever ends.
+///
+/// Elements are what is counted, drawn or not: how many points an outline has or how long a text is does not
+/// matter. The count is never below what is drawn. The answer depends on the picture only, not on the order
+/// in which it is looked through: the first thing beyond a limit refuses all of it.
 class DrawingBudget {
 public:
     static constexpr int DeepestNesting = 200; // drawing calls itself for each level
     static constexpr int LongestChain = 20;    // of elements that draw one another
-    static constexpr double MostElements = 1'000'000;
+    static constexpr qint64 MostElements = 1'000'000;
+    static constexpr qint64 MostElementPixels = 100'000'000'000;
 
-    /// An element begins; `id` is its name and `reused` the name of the one that it draws, both possibly
-    /// empty. Throws RuntimeError 481 when it is nested too deeply.
-    void enter(const QString& id, const QString& reused);
+    /// An element begins, with all names that it may be drawn by and those of the elements that it may draw.
+    /// Throws RuntimeError 481 when it is nested too deeply or one too many.
+    void enter(const QStringList& names, const QStringList& reused);
     void leave();
 
-    /// To be asked at the end: whether everything that is drawn stays within the limits.
-    bool isKept() const;
+    /// To be asked at the end: the elements that one drawing comes to, each as often as it is drawn.
+    /// Throws RuntimeError 481 when these are too many or draw one another in too long a chain, or a circle.
+    qint64 drawnElements() const;
+
+    /// Throws RuntimeError 481 when drawing so many elements on a canvas of so many pixels takes too long, as
+    /// each may cover all of it.
+    static void requireAffordable(qint64 elements, qint64 pixels);
 
 private:
-    /// An element with a name, and everything in it.
-    struct Named {
-        double elements = 0;
-        QStringList reused;
+    /// An element and everything in it: how many these are, and their places in m_reused.
+    struct Part {
+        qint64 elements = 0;
+        std::size_t firstReuse = 0;
+        std::size_t pastReuse = 0;
     };
 
-    /// What one drawing of a named element comes to.
+    /// An element that has not ended yet.
+    struct Open {
+        std::vector<std::size_t> names; // places in m_parts
+        qint64 elementsBefore = 0;
+        std::size_t firstReuse = 0;
+    };
+
+    /// What one drawing comes to.
     struct Cost {
-        double elements = 0;
+        qint64 elements = 0;
         int chain = 0; // of elements that draw one another
-        bool isKept() const { return elements <= MostElements && chain <= LongestChain; }
     };
-    Cost cost(const QString& id, int depth, QHash<QString, Cost>& known) const;
+    using KnownCosts = std::vector<std::optional<Cost>>; // by place in m_parts
 
-    QHash<QString, Named> m_named; // the whole picture has the empty name
-    std::vector<QString> m_open;   // names of the elements around the present place, empty ones too
+    std::size_t placeOf(const QString& name);
+    Cost costOf(const Part& part, int depth, KnownCosts& known) const;
+    Cost costOfNamed(std::size_t place, int depth, KnownCosts& known) const;
+
+    QHash<QString, std::size_t> m_places;   // of a name in m_parts
+    std::vector<std::vector<Part>> m_parts; // a name may stand at several elements; all count
+    std::vector<std::size_t> m_reused;      // places in m_parts, in the order of the text
+    std::vector<Open> m_open;
+    qint64 m_elements = 0;
 };
 
 } // namespace ovrano

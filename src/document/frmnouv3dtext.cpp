@@ -95,13 +95,7 @@ void FrmNouv3DText::Text2_KeyPress(std::int16_t& keyAscii) {
 }
 
 void FrmNouv3DText::Command1_Click() {
-    skipOnError([this] {
-        CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
-        CommonDialog1.Color = LabCoulFond->BackColor();
-        CommonDialog1.ShowColor();
-        LabCoulFond->setBackColor(CommonDialog1.Color);
-    });
+    skipOnError([this] { LabCoulFond->setBackColor(CommonDialog1.AskColour(LabCoulFond->BackColor())); });
 }
 
 void FrmNouv3DText::Command2_Click() {

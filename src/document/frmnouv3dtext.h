@@ -19,7 +19,7 @@ struct NewImageChoice {
     std::int16_t NewImageCancelled = 0; // 1 when the picture is to stay as it is
     double NewImageWidth = 0;           // pixels
     double NewImageHeight = 0;
-    Colour NewImageBackColor = White;
+    Colour NewImageBackColor = Black;
 };
 
 /// "Nouveau texte 3D": asks for the size and the background colour of a new picture.

@@ -75,12 +75,11 @@ void requireAcceptable(QSize size) {
         throw RuntimeError(error::OutOfMemory);
 }
 
-bool isPlausiblePicture(const QByteArray& content) {
+QSize announcedPictureSize(const QByteArray& content) {
     QBuffer buffer;
     openOn(buffer, content);
-    if (formatOf(buffer).isEmpty())
-        return false;
-    return skipOnError([&] { requirePlausible(announcedSize(QImageReader(&buffer)), content.size()); });
+    const QByteArray format = formatOf(buffer);
+    return format.isEmpty() ? QSize() : announcedSize(QImageReader(&buffer, format));
 }
 
 Raster LoadPicture(const QString& path) {

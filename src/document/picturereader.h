@@ -21,8 +21,9 @@ Raster LoadPicture(const QString& path);
 /// The same for the content of such a file. Throws RuntimeError 481 or 7.
 Raster decodePicture(const QByteArray& content);
 
-/// Whether bytes look like such a file, of a size that can be opened. Nothing is decoded.
-bool isPlausiblePicture(const QByteArray& content);
+/// The size in pixels that such content announces, as it is stored and whatever follows; empty when it is no
+/// such picture. Nothing is decoded.
+QSize announcedPictureSize(const QByteArray& content);
 
 /// Throws RuntimeError 481 when a size is empty, 7 when it is larger than what the program can hold.
 void requireAcceptable(QSize size);

@@ -1,12 +1,24 @@
 #pragma once
 
+#include "platform/yield.h"
+
 #include <QByteArray>
 
 namespace ovrano {
 
+struct SelfContainedSvg {
+    QByteArray svg;
+    qint64 drawnElements = 0; // by one drawing, as DrawingBudget counts them
+};
+
+/// The pixels of all pictures embedded in one vector picture, together, damaged ones too: they are all
+/// decoded before it is drawn, and the same one as often as it is embedded.
+inline constexpr qint64 MostEmbeddedPixels = 64'000'000;
+
 /// The same vector picture without what its drawing would fetch from elsewhere: references to files and
-/// addresses, and embedded pictures that are none or too large. Throws RuntimeError 481 when it is not
-/// well-formed or drawing it would exceed a DrawingBudget.
-QByteArray selfContainedSvg(const QByteArray& svg);
+/// addresses. Embedded pictures stay if decodePicture takes them, until they come to MostEmbeddedPixels;
+/// those beyond lose their reference, while smaller ones that follow may still find room. Throws RuntimeError
+/// 481 when it is not well-formed or drawing it would exceed a DrawingBudget.
+SelfContainedSvg selfContainedSvg(const QByteArray& svg, EventYield& yield);
 
 } // namespace ovrano

@@ -1,13 +1,17 @@
 #include "document/vectorpicture.h"
 
 #include "document/decodedpicture.h"
+#include "document/drawingbudget.h"
 #include "document/picturereader.h"
 #include "document/selfcontainedsvg.h"
+#include "document/yieldingdevice.h"
 #include "platform/runtimeerror.h"
 #include "platform/yield.h"
 
+#include <QBuffer>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -15,7 +19,9 @@ namespace ovrano {
 
 namespace {
 
-/// Drawn at once; a larger picture is drawn in bands, so that the window repaints in between.
+/// Drawn at once; a larger picture is drawn in bands, so that the window repaints in between. Every band goes
+/// through all elements again; a drawing that is affordable for its pixels is so for its bands, too: each but
+/// the last has more than half as many pixels as this.
 constexpr int BandPixels = 1 << 21;
 
 void drawBand(QSvgRenderer& renderer, QImage& picture, int top, int rows) {
@@ -26,17 +32,29 @@ void drawBand(QSvgRenderer& renderer, QImage& picture, int top, int rows) {
     renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(picture.size())));
 }
 
+/// Gives the number of elements that one drawing goes through.
+qint64 loadDrawing(QSvgRenderer& renderer, const QByteArray& svg, EventYield& yield) {
+    SelfContainedSvg drawing = selfContainedSvg(svg, yield);
+    QBuffer buffer(&drawing.svg);
+    buffer.open(QIODevice::ReadOnly);
+    YieldingDevice yielding(buffer, yield);
+    QXmlStreamReader reader(&yielding);
+    if (!renderer.load(&reader))
+        throw RuntimeError(error::InvalidPicture);
+    return drawing.drawnElements;
+}
+
 } // namespace
 
 Raster renderVectorPicture(const QByteArray& svg) {
+    EventYield yield;
     QSvgRenderer renderer;
-    if (!renderer.load(selfContainedSvg(svg)))
-        throw RuntimeError(error::InvalidPicture);
+    const qint64 elements = loadDrawing(renderer, svg, yield);
     const QSize size = renderer.defaultSize();
     requireAcceptable(size);
-    EventYield yield;
-    QImage picture = newCanvas(size, QImage::Format_RGB32, yield);
+    DrawingBudget::requireAffordable(elements, qint64{size.width()} * size.height());
     const int rows = std::max(1, BandPixels / size.width());
+    QImage picture = newCanvas(size, QImage::Format_RGB32, yield);
     for (int top = 0; top < size.height(); top += rows) {
         drawBand(renderer, picture, top, std::min(rows, size.height() - top));
         yield();

@@ -17,13 +17,8 @@ BackgroundColour::BackgroundColour(WorkPicture& work, LiftedBlock& block, QAbstr
 }
 
 void BackgroundColour::Command2_Click() {
-    trapErrors(m_dialogs, QStringLiteral("Command2_Click"), [this] {
-        CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
-        CommonDialog1.Color = LblFond.BackColor();
-        CommonDialog1.ShowColor();
-        apply(CommonDialog1.Color);
-    });
+    trapErrors(m_dialogs, QStringLiteral("Command2_Click"),
+               [this] { apply(CommonDialog1.AskColour(LblFond.BackColor())); });
 }
 
 void BackgroundColour::setUsable(bool usable) {

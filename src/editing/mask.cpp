@@ -128,7 +128,10 @@ void composeMasked(Surface& destination, const Surface& block, const Surface& ma
         composeTile(tile, place, blockImage, maskImage, to);
         yield();
     });
-    destination.editImage(QRect(to, reach), [&](Raster& image, const QRect&) { image = composed; });
+    destination.editImage(QRect(to, reach), [&](Raster& image, const QRect&) {
+        if (image.size() == composed.size()) // nothing has come in between
+            image = composed;
+    });
 }
 
 } // namespace ovrano

@@ -6,6 +6,7 @@
 #include "platform/clipboard.h"
 #include "platform/errorreporter.h"
 #include "platform/screen.h"
+#include "platform/yield.h"
 
 #include <QScopeGuard>
 
@@ -22,60 +23,62 @@ Paste::Paste(WorkPicture& work, PictureView& view, LiftedBlock& block, ImageButt
     , CommonDialog1(dialogs) {}
 
 void Paste::mnuEditPaste_Click() {
-    run(&Paste::PasteFromClipboard, false);
+    run(&Paste::PasteFromClipboard, false, QStringLiteral("mnuEditPaste_Click"));
 }
 
 void Paste::mnuEditPasteTransparent_Click() {
-    run(&Paste::PasteFromClipboard, true);
+    run(&Paste::PasteFromClipboard, true, QStringLiteral("mnuEditPaste_Click"));
 }
 
 void Paste::mnuEditPasteFromFile_Click() {
-    run(&Paste::PasteFromFile, false);
+    run(&Paste::PasteFromFile, false, QStringLiteral("mnuEditPasteFromFile_Click"));
 }
 
 void Paste::mnuEditPasteFromFileTransparent_Click() {
-    run(&Paste::PasteFromFile, true);
+    run(&Paste::PasteFromFile, true, QStringLiteral("mnuEditPasteFromFile_Click"));
 }
 
-void Paste::run(Command command, bool transparent) {
-    const bool before = m_block.TransparentPaste;
+void Paste::run(Command command, bool transparent, const QString& name) {
+    const int yieldsBefore = EventYield::count();
+    const bool transparentBefore = m_block.TransparentPaste;
     m_block.TransparentPaste = transparent;
     m_progress = Progress();
-    (this->*command)();
+    trapErrors(m_dialogs, name, [&] { (this->*command)(); });
+    trapErrors(m_dialogs, name, [&] { afterwards(transparentBefore); });
+    if (EventYield::count() != yieldsBefore)
+        discardWaitingPresses(); // one beside the block would put it down before anybody has seen it
+    Q_EMIT editStateChanged();
+}
+
+void Paste::afterwards(bool transparentBefore) {
     // A block that was lifted before goes on as it was when nothing has come instead.
     if (!m_progress.lifted)
-        m_block.TransparentPaste = before;
+        m_block.TransparentPaste = transparentBefore;
     if (!m_progress.lifted && m_progress.prepared) {
         m_work.picDisp.Cls();
         if (m_block.HasSelection)
             m_block.DrawSelectionFrame();
     }
-    // Last: it fails when the picture is larger than the bars can scroll.
     if (m_progress.resized)
-        trapErrors(m_dialogs, QStringLiteral("mnuEditPaste_Click"), [this] { m_view.fitToPicture(); });
-    Q_EMIT editStateChanged();
+        m_view.fitToPicture(); // last: it fails when the picture is larger than the bars can scroll
 }
 
 void Paste::PasteFromClipboard() {
-    trapErrors(m_dialogs, QStringLiteral("mnuEditPaste_Click"), [this] {
-        if (!clipboardOffersPicture())
-            return reportNoPicture();
-        prepare();
-        if (const auto picture = clipboardPicture())
-            place(*picture, PasteQuestion::aboutClipboard());
-        else // what was offered cannot be read, or is gone by now
-            reportNoPicture();
-    });
+    if (!clipboardOffersPicture())
+        return reportNoPicture();
+    prepare();
+    if (const auto picture = clipboardPicture())
+        place(*picture, PasteQuestion::aboutClipboard());
+    else // what was offered cannot be read, or is gone by now
+        reportNoPicture();
 }
 
 void Paste::PasteFromFile() {
-    trapErrors(m_dialogs, QStringLiteral("mnuEditPasteFromFile_Click"), [this] {
-        const QString path = askFile();
-        if (path.isEmpty())
-            return;
-        prepare();
-        place(LoadPicture(path), PasteQuestion::aboutFile());
-    });
+    const QString path = askFile();
+    if (path.isEmpty())
+        return;
+    prepare();
+    place(LoadPicture(path), PasteQuestion::aboutFile());
 }
 
 void Paste::Mnu_ColleNouvIMG_Click() {
@@ -123,9 +126,9 @@ void Paste::place(const Raster& picture, const PasteQuestion& question) {
     m_block.SelY2 = static_cast<float>(m_work.picAuto.ScaleHeight() - 1);
     // Without memory for a block there is none, neither the one before nor half of this one.
     auto noBlock = qScopeGuard([this] { m_block.forget(); });
-    lift();
-    noBlock.dismiss();
-    m_progress.lifted = true;
+    m_progress.lifted = lift();
+    if (m_progress.lifted)
+        noBlock.dismiss();
 }
 
 bool Paste::makeRoom(const PasteQuestion& question) {
@@ -147,38 +150,44 @@ void Paste::takeSizeOfPasted() {
     m_progress.resized = true;
 }
 
-void Paste::lift() {
+/// False when a copy failed, which has been reported.
+bool Paste::lift() {
     {
         setScreenMousePointer(MousePointer::Hourglass);
         const auto pointerBack = qScopeGuard([] { setScreenMousePointer(MousePointer::Default); });
-        cutBlock();
-        if (m_block.TransparentPaste)
-            cutMask();
-        takeSize(m_work.picSnap, m_work.picDisp); // which an Undo may have changed as well
-        m_work.BitbltPic(m_work.picDisp, m_work.picSnap);
+        if (!cutBlock() || (m_block.TransparentPaste && !cutMask()) || !keepBackground())
+            return false;
     }
     m_block.BlockFromPaste = true;
     offerForDragging();
     m_block.SetPrevAndCurrValues(m_block.SelX1, m_block.SelY1);
     m_block.SetLeeWay(m_work.picRegion, m_work.picDisp, LiftedBlock::LeeWayPercent);
     m_block.ComposeRegion();
+    return true;
 }
 
-void Paste::cutBlock() {
+bool Paste::cutBlock() {
     const QSize size = m_work.picAuto.innerSize();
     m_work.picRegion.setPicture(Raster());
     setClientSize(m_work.picRegion, size.width(), size.height());
-    m_work.BitbltPic(m_work.picAuto, m_work.picRegion);
+    return m_work.BitbltPic(m_work.picAuto, m_work.picRegion);
 }
 
-void Paste::cutMask() {
+bool Paste::cutMask() {
     Surface& picRegion = m_work.picRegion;
     const Colour seeThrough = picRegion.Point(0, 0);
     if (seeThrough != White)
         WhiteNonPaintArea(picRegion, seeThrough);
     takeSize(m_work.picMask, picRegion);
-    m_work.BitbltPic(picRegion, m_work.picMask);
+    if (!m_work.BitbltPic(picRegion, m_work.picMask))
+        return false;
     CreateMask(m_work.picMask, Black);
+    return true;
+}
+
+bool Paste::keepBackground() {
+    takeSize(m_work.picSnap, m_work.picDisp); // which an Undo may have changed as well
+    return m_work.BitbltPic(m_work.picDisp, m_work.picSnap);
 }
 
 void Paste::offerForDragging() {

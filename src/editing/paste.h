@@ -41,7 +41,8 @@ private:
     };
 
     using Command = void (Paste::*)();
-    void run(Command command, bool transparent);
+    void run(Command command, bool transparent, const QString& name);
+    void afterwards(bool transparentBefore);
     void PasteFromClipboard();
     void PasteFromFile();
 
@@ -52,9 +53,10 @@ private:
     void place(const Raster& picture, const PasteQuestion& question);
     bool makeRoom(const PasteQuestion& question);
     void takeSizeOfPasted();
-    void lift();
-    void cutBlock();
-    void cutMask();
+    bool lift();
+    bool cutBlock();
+    bool cutMask();
+    bool keepBackground();
     void offerForDragging();
     void replacePicture(const Raster& picture);
 

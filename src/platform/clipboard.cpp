@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace ovrano {
@@ -19,54 +20,84 @@ namespace {
 const QStringList RasterTypes = {QStringLiteral("image/png"), QStringLiteral("image/bmp"),
                                  QStringLiteral("image/x-bmp"), QStringLiteral("image/x-MS-bmp"),
                                  QStringLiteral("image/jpeg")};
-
 const QString VectorType = QStringLiteral("image/svg+xml");
+const QString FilesType = QStringLiteral("text/uri-list");
+/// What the toolkit makes of a system's own picture format where there are no types.
+const QString ToolkitImage = QStringLiteral("application/x-qt-image");
 
 /// Null where the clipboard is empty on some platforms.
 const QMimeData* held() {
     return QGuiApplication::clipboard()->mimeData();
 }
 
+/// What this program put there itself it can only ask itself for.
+bool isOurs() {
+    return QGuiApplication::clipboard()->ownsClipboard();
+}
+
+/// The types that are announced now.
+QStringList announced() {
+    if (!isOurs())
+        if (const auto types = announcedDirectly())
+            return *types;
+    const QMimeData* data = held();
+    return data ? data->formats() : QStringList();
+}
+
+QStringList rasterTypesAmong(const QStringList& types) {
+    QStringList found;
+    std::copy_if(RasterTypes.begin(), RasterTypes.end(), std::back_inserter(found),
+                 [&types](const QString& type) { return types.contains(type); });
+    return found;
+}
+
+/// The lines of a list of files that are no remarks.
+QList<QUrl> urlsIn(const QByteArray& list) {
+    QList<QUrl> urls;
+    for (const QByteArray& line : list.split('\n'))
+        if (const QByteArray url = line.trimmed(); !url.isEmpty() && !url.startsWith('#'))
+            urls.append(QUrl::fromEncoded(url));
+    return urls;
+}
+
 /// A file copied in a file manager, when its name is a picture's. The file itself is not touched: it may be
 /// a pipe or lie on a network that does not answer.
-QString pictureFileIn(const QMimeData& data) {
+QString pictureFileAmong(const QStringList& types) {
     static const QStringList suffixes = {QStringLiteral("bmp"), QStringLiteral("gif"), QStringLiteral("jpg"),
                                          QStringLiteral("jpeg"), QStringLiteral("png")};
-    const QList<QUrl> urls = data.urls();
+    if (!types.contains(FilesType))
+        return QString();
+    const QList<QUrl> urls = urlsIn(clipboardBytes(FilesType));
     const bool isPicture =
         urls.size() == 1 && urls.first().isLocalFile() &&
         suffixes.contains(QFileInfo(urls.first().fileName()).suffix(), Qt::CaseInsensitive);
     return isPicture ? urls.first().toLocalFile() : QString();
 }
 
-bool offersRaster(const QMimeData& data) {
-    const auto offered = [&data](const QString& type) { return data.hasFormat(type); };
-    return data.hasImage() || std::any_of(RasterTypes.begin(), RasterTypes.end(), offered) ||
-           !pictureFileIn(data).isEmpty();
-}
-
-} // namespace
-
-bool clipboardOffers(ClipboardFormat format) {
-    const QMimeData* data = held();
-    if (!data)
-        return false;
+bool offers(const QStringList& types, ClipboardFormat format) {
     switch (format) {
     case ClipboardFormat::Bitmap:
     case ClipboardFormat::Dib:
-        return offersRaster(*data);
+        return types.contains(ToolkitImage) || !rasterTypesAmong(types).isEmpty() ||
+               !pictureFileAmong(types).isEmpty();
     case ClipboardFormat::Metafile:
-        return data->hasFormat(VectorType);
+        return types.contains(VectorType);
     case ClipboardFormat::Palette:
         break;
     }
     return false;
 }
 
+} // namespace
+
+bool clipboardOffers(ClipboardFormat format) {
+    return offers(announced(), format);
+}
+
 bool clipboardOffersPicture() {
-    constexpr ClipboardFormat All[] = {ClipboardFormat::Bitmap, ClipboardFormat::Metafile,
-                                       ClipboardFormat::Dib, ClipboardFormat::Palette};
-    return std::any_of(std::begin(All), std::end(All), clipboardOffers);
+    const QStringList types = announced();
+    // Raster pictures have two numbers and are looked for once.
+    return offers(types, ClipboardFormat::Metafile) || offers(types, ClipboardFormat::Bitmap);
 }
 
 std::optional<Raster> ownClipboardPicture() {
@@ -76,35 +107,28 @@ std::optional<Raster> ownClipboardPicture() {
 }
 
 QStringList clipboardRasterTypes() {
-    QStringList types;
-    if (const QMimeData* data = held())
-        std::copy_if(RasterTypes.begin(), RasterTypes.end(), std::back_inserter(types),
-                     [data](const QString& type) { return data->hasFormat(type); });
-    return types;
+    return rasterTypesAmong(announced());
 }
 
 QString clipboardVectorType() {
-    const QMimeData* data = held();
-    return data && data->hasFormat(VectorType) ? VectorType : QString();
+    return announced().contains(VectorType) ? VectorType : QString();
 }
 
 QByteArray clipboardBytes(const QString& type) {
-    const QMimeData* data = held();
-    const bool ours = QGuiApplication::clipboard()->ownsClipboard(); // nobody else would answer meanwhile
-    if (!ours)
+    if (!isOurs())
         if (const auto bytes = fetchDirectly(type))
             return *bytes;
+    const QMimeData* data = held();
     return data ? data->data(type) : QByteArray();
 }
 
 QString clipboardPictureFile() {
-    const QMimeData* data = held();
-    return data ? pictureFileIn(*data) : QString();
+    return pictureFileAmong(announced());
 }
 
 QImage clipboardImage() {
-    const QMimeData* data = held();
-    return data && data->hasImage() ? qvariant_cast<QImage>(data->imageData()) : QImage();
+    const QMimeData* data = announced().contains(ToolkitImage) ? held() : nullptr;
+    return data ? qvariant_cast<QImage>(data->imageData()) : QImage();
 }
 
 void putOnClipboard(const Raster& picture) {

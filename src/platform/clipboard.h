@@ -15,13 +15,15 @@ namespace ovrano {
 /// offers raster pictures (2 and 8 alike) and vector pictures (3, SVG); a palette (9) it never offers.
 enum class ClipboardFormat { Bitmap = 2, Metafile = 3, Dib = 8, Palette = 9 };
 
-/// Whether the system clipboard offers a format now. Looks at what is announced only; reads no picture.
+/// Whether the system clipboard offers a format now. Looks at what is announced, and at the names of copied
+/// files; reads no picture. Yields while it waits for the clipboard's owner.
 bool clipboardOffers(ClipboardFormat format);
 
 /// Whether it offers any of the four.
 bool clipboardOffersPicture();
 
-// What it holds now. Its owner may be gone, or give something else than it announced.
+// What it holds now. Its owner may be gone, or give something else than it announced, or change while a
+// picture is on its way: all of these yield.
 
 /// The picture that this program itself put there, shared and not copied.
 std::optional<Raster> ownClipboardPicture();
@@ -35,7 +37,7 @@ QString clipboardVectorType();
 QByteArray clipboardBytes(const QString& type);
 /// The path of a picture file that was copied in a file manager; empty when there is none.
 QString clipboardPictureFile();
-/// A raster picture of any other type that the toolkit can read; null when there is none.
+/// The picture of a system whose clipboard has no such types; null when there is none.
 QImage clipboardImage();
 
 /// Puts a picture on the clipboard for every program, as PNG and as BMP. Its pixels are shared with the

@@ -64,4 +64,12 @@ void CommonDialog::ShowColor() {
         throw RuntimeError(error::Cancelled);
 }
 
+Colour CommonDialog::AskColour(ovrano::Colour current, int flags) {
+    CancelError = true;
+    Flags = flags;
+    Color = current;
+    ShowColor();
+    return Color;
+}
+
 } // namespace ovrano

@@ -42,6 +42,9 @@ public:
     void ShowOpenPicture();
     void ShowSave();
     void ShowColor();
+    /// ShowColor() starting from a colour, with the panel for own colours open; gives the chosen one.
+    /// Cancelling throws.
+    ovrano::Colour AskColour(ovrano::Colour current, int flags = ColourFullOpenWithPreset);
 
 private:
     FileRequest request() const;

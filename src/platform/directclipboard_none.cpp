@@ -2,6 +2,10 @@
 
 namespace ovrano {
 
+std::optional<QStringList> announcedDirectly() {
+    return std::nullopt;
+}
+
 std::optional<QByteArray> fetchDirectly(const QString&) {
     return std::nullopt;
 }

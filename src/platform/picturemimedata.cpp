@@ -1,5 +1,7 @@
 #include "platform/picturemimedata.h"
 
+#include "platform/runtimeerror.h"
+
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImageWriter>
@@ -38,13 +40,17 @@ QStringList PictureMimeData::formats() const {
 }
 
 QVariant PictureMimeData::retrieveData(const QString& type, QMetaType) const {
-    if (type == Png)
-        return encoded(m_picture, "png");
-    if (type == Bmp)
-        return encoded(m_picture, "bmp");
-    if (type == ToolkitImage)
-        return m_picture.toImage();
-    return QVariant();
+    QVariant data;
+    // Another program asks, through the toolkit, which no exception may pass: without memory it gets nothing.
+    skipOnError([&] {
+        if (type == Png)
+            data = encoded(m_picture, "png");
+        else if (type == Bmp)
+            data = encoded(m_picture, "bmp");
+        else if (type == ToolkitImage)
+            data = m_picture.toImage();
+    });
+    return data;
 }
 
 } // namespace ovrano

@@ -13,6 +13,8 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace ovrano {
 
 namespace {
@@ -80,6 +82,18 @@ void showDescriptions(const QFileDialog& dialog, const QList<FileType>& types) {
         rows->setItemText(static_cast<int>(i), types.at(i).description);
 }
 
+/// The window that a dialog belongs to, also while the user is busy in another program.
+QWidget* dialogParent() {
+    for (QWidget* window : {QApplication::activeModalWidget(), QApplication::activeWindow()})
+        if (window)
+            return window;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->windowType() == Qt::Window;
+    });
+    return shown == windows.end() ? nullptr : *shown;
+}
+
 QString picturesFolder() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
     return QDir(folder).exists() ? folder : QDir::homePath();
@@ -91,13 +105,13 @@ Answer QtDialogs::messageBox(const MessageBox& box) {
     QString text = box.text;
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     const QString title = box.title.isEmpty() ? QGuiApplication::applicationName() : box.title;
-    QMessageBox window(iconOf(box.icon), title, text, buttonsOf(box.buttons), QApplication::activeWindow());
+    QMessageBox window(iconOf(box.icon), title, text, buttonsOf(box.buttons), dialogParent());
     window.setTextFormat(Qt::PlainText);
     return answerOf(window.exec());
 }
 
 QString QtDialogs::inputBox(const InputBox& box) {
-    QInputDialog dialog(QApplication::activeWindow());
+    QInputDialog dialog(dialogParent());
     dialog.setWindowTitle(box.title);
     dialog.setLabelText(box.prompt);
     dialog.setTextValue(box.proposed);
@@ -128,7 +142,7 @@ std::optional<FileChoice> QtDialogs::run(QFileDialog& dialog, const FileRequest&
 }
 
 std::optional<FileChoice> QtDialogs::openFile(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    QFileDialog dialog(dialogParent(), request.title);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     prepare(dialog, request);
@@ -136,7 +150,7 @@ std::optional<FileChoice> QtDialogs::openFile(const FileRequest& request) {
 }
 
 std::optional<FileChoice> QtDialogs::saveFile(const FileRequest& request) {
-    QFileDialog dialog(QApplication::activeWindow(), request.title);
+    QFileDialog dialog(dialogParent(), request.title);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     // The question is asked below, for the file that will really be replaced.
@@ -154,16 +168,15 @@ bool QtDialogs::mayReplace(const FileRequest& request, const FileChoice& choice)
         return true;
     const QString question = QStringLiteral("Le fichier « %1 » existe déjà.\nVoulez-vous le remplacer ?");
     QMessageBox window(QMessageBox::Warning, request.title, question.arg(QFileInfo(path).fileName()),
-                       QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+                       QMessageBox::Yes | QMessageBox::No, dialogParent());
     window.setTextFormat(Qt::PlainText);
     window.setDefaultButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes;
 }
 
 std::optional<Colour> QtDialogs::chooseColour(Colour initial) {
-    const QColor chosen =
-        QColorDialog::getColor(QColor::fromRgb(toPixel(initial)), QApplication::activeWindow(),
-                               QStringLiteral("Choisir une couleur"));
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(toPixel(initial)), dialogParent(),
+                                                 QStringLiteral("Choisir une couleur"));
     if (!chosen.isValid())
         return std::nullopt;
     return rgb(chosen.red(), chosen.green(), chosen.blue());

@@ -11,8 +11,19 @@ public:
     EventYield() { m_sinceLast.start(); }
     void operator()();
 
+    /// Whether events are being processed in the middle of a command: what is triggered then otherwise than
+    /// by mouse and keys (by an assistive tool, say) must not start another one.
+    static bool isUnderWay();
+
+    /// How often events have been processed so since the program started.
+    static int count();
+
 private:
     QElapsedTimer m_sinceLast;
 };
+
+/// Lets the mouse presses that came during a long command go by: they were aimed at what was shown before.
+/// Mouse moves, keys and requests to close are obeyed as usual.
+void discardWaitingPresses();
 
 } // namespace ovrano

@@ -5,6 +5,7 @@
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
+#include "platform/yield.h"
 #include "text/colourcaption.h"
 #include "text/directionicon.h"
 #include "text/rotation.h"
@@ -126,7 +127,7 @@ void OneColourPanel::cmd1Color3DProceed_Click() {
                               &Panel::backgroundColourLocked,
                               &Panel::rememberText};
 
-    if (!m_style.CheckTextInputs())
+    if (EventYield::isUnderWay() || !m_style.CheckTextInputs())
         return;
     setScreenMousePointer(MousePointer::Hourglass);
     const auto pointerBack = qScopeGuard([] { setScreenMousePointer(MousePointer::Default); });

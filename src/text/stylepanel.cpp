@@ -212,13 +212,8 @@ void StylePanel::imgItalic_Click() {
 
 void StylePanel::cmdTextColor_Click() {
     Q_EMIT pickerReleased();
-    trapErrors(m_dialogs, QStringLiteral("cmdTextColor_click"), [this] {
-        CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
-        CommonDialog1.Color = picTextColor->BackColor();
-        CommonDialog1.ShowColor();
-        DispDialogColor(CommonDialog1.Color);
-    });
+    trapErrors(m_dialogs, QStringLiteral("cmdTextColor_click"),
+               [this] { DispDialogColor(CommonDialog1.AskColour(picTextColor->BackColor())); });
     Q_EMIT pictureFocusRequested();
 }
 

@@ -3,6 +3,8 @@
 //   clipboardowner refuses TYPE    announces a type and gives nothing
 //   clipboardowner garbles TYPE    gives bytes that are no such thing
 //   clipboardowner vanishes TYPE   begins to give megabytes and ends in the middle
+//   clipboardowner mutters TYPE    announces a type and never answers when it is asked for
+//   clipboardowner silent TYPE     never answers at all
 //
 // Says "ready" when it owns the clipboard and ends when it loses it.
 
@@ -73,6 +75,8 @@ private:
         constexpr std::uint32_t Announced = 10'000'000;
         xcb_atom_t property = request.property;
         bool goOn = true;
+        if (m_behaviour == "silent" || (m_behaviour == "mutters" && request.target == m_type))
+            return true;
         if (request.target == m_targets) {
             const std::array offered = {m_targets, m_type};
             put(request, XCB_ATOM_ATOM, 32, offered.size(), offered.data());

@@ -1,4 +1,5 @@
 #include "document/picturereader.h"
+#include "platform/yield.h"
 #include "scenarios/program.h"
 #include "scenarios/secondprogram.h"
 #include "support/grid.h"
@@ -64,6 +65,11 @@ private Q_SLOTS:
     void falseOwnerChangesNothing_data();
     void falseOwnerChangesNothing();
     void ownerThatIsGoneChangesNothing();
+    void silentOwnerHasNothing();
+    void ownerThatNeverGivesIsGivenUp();
+    void brokenDataIsNoPicture_data();
+    void brokenDataIsNoPicture();
+    void pressesDuringALongPasteGoBy();
 };
 
 void TestClipboardExchange::pictureOfAnotherProgramIsPasted_data() {
@@ -375,6 +381,89 @@ void TestClipboardExchange::ownerThatIsGoneChangesNothing() {
         program.window.findChild<QAction*>(QStringLiteral("mnuEditPaste"))->trigger();
         QCOMPARE(program.dialogs.messages.size(), 1);
         QCOMPARE(program.dialogs.messages.first().text, NoPicture);
+        QCOMPARE(program.pixel(20, 20), Blue);
+    });
+}
+
+void TestClipboardExchange::silentOwnerHasNothing() {
+    SecondProgram other;
+    other.copyFalsely(QStringLiteral("silent"), QStringLiteral("image/png"));
+    Program program;
+    program.play([&] {
+        for (int i = 0; i < 10; ++i) // asked anew each time, these would take minutes
+            program.window.mnuEdit_Click();
+        QVERIFY(!program.isEnabled("mnuEditPaste"));
+    });
+}
+
+void TestClipboardExchange::ownerThatNeverGivesIsGivenUp() {
+    SecondProgram other;
+    other.copyFalsely(QStringLiteral("mutters"), QStringLiteral("image/png"));
+    Program program;
+    program.dialogs.answer(Answer::Ok);
+    program.play([&] {
+        // The server may give this owner the number of the one that kept silent before.
+        program.user.waitFor(
+            [&] {
+                program.window.mnuEdit_Click();
+                return program.isEnabled("mnuEditPaste");
+            },
+            QStringLiteral("the owner to be asked"));
+        program.user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditPaste"));
+        program.user.waitFor([&] { return !program.dialogs.messages.isEmpty(); },
+                             QStringLiteral("the message"));
+        QCOMPARE(program.dialogs.messages.first().text, NoPicture);
+        QCOMPARE(program.pixel(20, 20), Blue);
+    });
+}
+
+void TestClipboardExchange::brokenDataIsNoPicture_data() {
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QByteArray>("bytes");
+    const auto half = [](const QByteArray& bytes) { return bytes.left(bytes.size() / 2); };
+    const QImage large = stamp(QSize(300, 200));
+    QTest::newRow("half a PNG") << QStringLiteral("image/png") << half(encoded(large, "png"));
+    QTest::newRow("half a BMP") << QStringLiteral("image/bmp") << half(encoded(large, "bmp"));
+    QTest::newRow("half a JPEG") << QStringLiteral("image/jpeg") << half(encoded(large, "jpg"));
+    QTest::newRow("SVG called PNG") << QStringLiteral("image/png") << drawing();
+    QTest::newRow("half an SVG") << QStringLiteral("image/svg+xml") << half(drawing());
+}
+
+void TestClipboardExchange::brokenDataIsNoPicture() {
+    QFETCH(QString, type);
+    QFETCH(QByteArray, bytes);
+    SecondProgram other;
+    other.copy(bytes, type);
+    Program program;
+    program.dialogs.answer(Answer::Ok);
+    program.play([&] {
+        program.user.input.strike(Qt::CTRL | Qt::Key_V);
+        QCOMPARE(program.dialogs.messages.size(), 1);
+        QCOMPARE(program.dialogs.messages.first().text, NoPicture);
+        QCOMPARE(program.pixel(20, 20), Blue);
+    });
+}
+
+void TestClipboardExchange::pressesDuringALongPasteGoBy() {
+    SecondProgram other;
+    other.copy(encoded(stamp(QSize(5000, 4000)), "png"), QStringLiteral("image/png"));
+    Program program(QSize(5001, 4001));
+    program.play([&] {
+        const QPoint beside = program.at(500, 300);
+        program.user.input.moveTo(beside);
+        QAction* const paste = program.window.findChild<QAction*>(QStringLiteral("mnuEditPaste"));
+        bool pressed = false;
+        // As soon as the window repaints in the middle of the paste.
+        QTimer::singleShot(0, paste, [&] {
+            pressed = EventYield::isUnderWay();
+            program.user.input.clickUnseen();
+        });
+        paste->trigger();
+        QVERIFY(pressed);
+        QTest::qWait(100);
+        QVERIFY(program.window.block().HasSelection);
+        QVERIFY(program.window.work().UndoAvailable);
+        program.user.input.strike(Qt::CTRL | Qt::Key_Z);
         QCOMPARE(program.pixel(20, 20), Blue);
     });
 }

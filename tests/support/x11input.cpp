@@ -195,6 +195,10 @@ void X11Input::wheel(QPoint global, int notches) {
 
 void X11Input::clickFrame(QPoint global) {
     moveTo(global);
+    clickUnseen();
+}
+
+void X11Input::clickUnseen() {
     send(Input::ButtonPress, 1);
     send(Input::ButtonRelease, 1);
     synchronise();

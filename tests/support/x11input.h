@@ -51,6 +51,9 @@ public:
     /// A click on what belongs to the window manager, a title bar or a frame: no event of it will arrive.
     void clickFrame(QPoint global);
 
+    /// A click where the mouse is, without waiting for it to arrive: the program may be busy.
+    void clickUnseen();
+
     /// Types a text; line ends and tabs are their keys.
     void type(const QString& text);
     /// Holds the modifiers, strikes the key, lets go.
