@@ -20,11 +20,9 @@ inline void makeEditable(QComboBox& box) {
     box.setInsertPolicy(QComboBox::NoInsert);
 }
 
-/// The same for numbers: what is typed is not completed, which would make "10" of a typed "1".
-inline void makeNumberBox(QComboBox& box) {
-    makeEditable(box);
-    box.setCompleter(nullptr);
-}
+/// The same for numbers: what is typed is not completed, which would make "10" of a typed "1". The arrow keys
+/// and the wheel go on from the number that is shown, typed or chosen, to the next of the list.
+void makeNumberBox(QComboBox& box);
 
 /// Adds the whole numbers from `first` to at most `last`.
 inline void addNumbers(QComboBox& box, int first, int last, int step = 1) {

@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -48,6 +49,18 @@ std::int32_t toInteger32(double value) {
     return rounded<std::int32_t>(value);
 }
 
+int pixelOf(double coordinate) {
+    constexpr double Far = 1 << 28;
+    return std::isnan(coordinate) ? 0 : static_cast<int>(std::clamp(roundHalfEven(coordinate), -Far, Far));
+}
+
+float toSingle(double value) {
+    // Written so that a NaN fails as well.
+    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
+        throw RuntimeError(error::Overflow);
+    return static_cast<float>(value);
+}
+
 double numericValue(const QString& text) {
     static const QRegularExpression hexadecimal(QStringLiteral("^&[Hh]([0-9A-Fa-f]{1,8})"));
     static const QRegularExpression decimal(
@@ -65,6 +78,10 @@ double numericValue(const QString& text) {
 
 std::int16_t integerValue(const QString& text) {
     return toInteger16(numericValue(text));
+}
+
+float singleValue(const QString& text) {
+    return toSingle(numericValue(text));
 }
 
 } // namespace ovrano

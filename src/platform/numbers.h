@@ -15,6 +15,13 @@ std::int16_t toInteger16(double value);
 /// roundHalfEven as a 32-bit number. Throws RuntimeError 6 (overflow) outside the 32-bit range.
 std::int32_t toInteger32(double value);
 
+/// The whole pixel of a coordinate, halves to even. What lies far outside every surface may lie elsewhere
+/// outside, within ±2^28; what is no number is 0.
+int pixelOf(double coordinate);
+
+/// A number in single precision. Throws RuntimeError 6 (overflow) when it is too large for that or no number.
+float toSingle(double value);
+
 /// The number at the start of a text, 0 when there is none: blanks are skipped wherever they stand,
 /// then sign, digits, a decimal point and an exponent are read as far as they make sense ("12 px" is 12,
 /// "abc" is 0, " 5 5.6" is 55.6); "&H" leads a hexadecimal number. The point is the decimal sign whatever
@@ -23,5 +30,8 @@ double numericValue(const QString& text);
 
 /// numericValue rounded to a 16-bit number: "55.6" is 56, "abc" is 0. Throws RuntimeError 6 on overflow.
 std::int16_t integerValue(const QString& text);
+
+/// numericValue in single precision. Throws RuntimeError 6 on overflow.
+float singleValue(const QString& text);
 
 } // namespace ovrano

@@ -1,6 +1,5 @@
 #include "platform/surface.h"
 
-#include "platform/coverage.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
@@ -183,13 +182,8 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
 
 void Surface::Print(const QString& text) {
     const QPoint origin = pixelAt(m_currentX, m_currentY);
-    const QRect window = m_image.rect().translated(-origin);
-    if (isSmooth(m_font)) {
-        const SmoothTextMask& mask = m_smoothTextCache.mask(m_font, text, window);
-        blendCoverage(*this, mask.coverage(), origin + mask.ink().topLeft(), m_foreColor);
-    } else {
-        drawn(m_textCache.mask(m_font, text, window).paint(m_image, origin, m_foreColor));
-    }
+    const TextMask& mask = m_textCache.mask(m_font, text, m_image.rect().translated(-origin));
+    drawn(mask.paint(m_image, origin, m_foreColor));
     m_currentX = 0;
     m_currentY += TextHeight(text);
 }

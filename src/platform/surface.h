@@ -74,7 +74,7 @@ public:
     Colour ForeColor() const { return m_foreColor; }
     void setForeColor(Colour colour) { m_foreColor = colour; }
     QFont Font() const { return m_font; }
-    /// The font as the surface draws with it: see textFont() and smoothTextFont() in platform/textmask.h.
+    /// The font as the surface draws with it: see textFont() in platform/textmask.h.
     void setFont(const QFont& font) { m_font = font; }
     ovrano::ScaleMode ScaleMode() const { return m_scaleMode; }
     void setScaleMode(ovrano::ScaleMode mode) { m_scaleMode = mode; }
@@ -93,8 +93,8 @@ public:
     /// A box, both corners included, in the current draw mode and style. Every pixel of an outline is
     /// drawn once, also when the box is a line or a point, so an inverted box drawn twice is gone.
     void Line(QPointF from, QPointF to, Colour colour, BoxStyle style);
-    /// The text as one line with its upper-left corner at the current position, in ForeColor, with soft edges
-    /// where the font is smooth; the position then moves to the start of the next line.
+    /// The text as one line with its upper-left corner at the current position, in ForeColor and without
+    /// smoothing; the position then moves to the start of the next line.
     void Print(const QString& text);
     double TextWidth(const QString& text) const;
     double TextHeight(const QString& text) const;
@@ -138,7 +138,6 @@ private:
     double m_currentX = 0;
     double m_currentY = 0;
     TextMaskCache m_textCache;
-    SmoothTextMaskCache m_smoothTextCache;
 };
 
 } // namespace ovrano

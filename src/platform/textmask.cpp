@@ -1,39 +1,53 @@
 #include "platform/textmask.h"
 
+#include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 
 #include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace ovrano {
 
 namespace {
 
-QImage printed(const QFont& font, const QString& text, const QRect& window) {
-    QImage page(window.size(), QImage::Format_Grayscale8);
-    page.fill(255);
+/// How far beyond what is asked a cached mask reaches, in pixels, so that prints close to each other share
+/// it.
+constexpr int WindowMargin = 16;
+
+/// A text that is wider than this many pixels cannot be measured: lengths are kept in 64ths of a pixel.
+constexpr qsizetype WidestText = 8'000'000;
+
+/// The part of a text that is measured and drawn: far more than any surface shows of it, and no more than
+/// lengths can hold.
+QString measurable(const QFont& font, const QString& text) {
+    const qsizetype most = WidestText / std::max(1, QFontMetrics(font).height());
+    if (text.size() <= most)
+        return text;
+    return text.isRightToLeft() ? text.right(most) : text.left(most); // what stands at the left edge
+}
+
+/// A page as large as a window with a text in black on it. `window` is relative to the upper-left corner of
+/// the text's cell.
+QImage printed(const QFont& font, const QString& text, const QRect& window, QImage::Format format,
+               uint paper) {
+    QImage page(window.size(), format);
+    if (page.isNull())
+        throw RuntimeError(error::OutOfMemory);
+    page.fill(paper);
     QPainter painter(&page);
     painter.setPen(Qt::black);
     painter.setFont(font);
-    painter.drawText(QPoint(0, QFontMetrics(font).ascent()) - window.topLeft(), text);
+    painter.drawText(QPoint(0, QFontMetrics(font).ascent()) - window.topLeft(), measurable(font, text));
+    painter.end();
     return page;
 }
 
 /// Soft edges leave their exact coverage in an alpha channel alone.
 QImage coverageOf(const QFont& font, const QString& text, const QRect& window) {
-    QImage page(window.size(), QImage::Format_Alpha8);
-    if (page.isNull())
-        throw RuntimeError(error::OutOfMemory);
-    page.fill(0);
-    QPainter painter(&page);
-    painter.setPen(Qt::black);
-    painter.setFont(font);
-    painter.drawText(QPoint(0, QFontMetrics(font).ascent()) - window.topLeft(), text);
-    painter.end();
+    QImage page = printed(font, text, window, QImage::Format_Alpha8, 0);
     page.reinterpretAsFormat(QImage::Format_Grayscale8);
     return page;
 }
@@ -78,17 +92,14 @@ QFont smoothTextFont(const QString& family, double points, const TextStyle& styl
     return fontOf(family, points, style, static_cast<QFont::StyleStrategy>(Soft));
 }
 
-bool isSmooth(const QFont& font) {
-    return (font.styleStrategy() & QFont::PreferAntialias) != 0;
-}
-
 int textPixelSize(double points) {
-    return std::max(1, static_cast<int>(std::lround(std::min(points, 10000.0) * 96 / 72)));
+    constexpr double LargestSize = 10'000;
+    return std::max(1, pixelOf(std::min(points, LargestSize) * 96 / 72));
 }
 
 QSize textExtent(const QFont& font, const QString& text) {
     const QFontMetrics metrics(font);
-    return QSize(metrics.horizontalAdvance(text), metrics.height());
+    return QSize(metrics.horizontalAdvance(measurable(font, text)), metrics.height());
 }
 
 QRect inkBounds(const QFont& font, const QString& text) {
@@ -102,7 +113,7 @@ TextMask::TextMask(const QFont& font, const QString& text, const QRect& window)
     : m_window(window) {
     if (window.isEmpty() || text.isEmpty())
         return;
-    const QImage page = printed(font, text, window);
+    const QImage page = printed(font, text, window, QImage::Format_Grayscale8, 255);
     for (int y = 0; y < page.height(); ++y) {
         const uchar* row = page.constScanLine(y);
         const uchar* const end = row + page.width();
@@ -138,8 +149,23 @@ QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
     return area;
 }
 
-SmoothTextMask::SmoothTextMask(const QFont& font, const QString& text, const QRect& window)
-    : m_window(window) {
+const TextMask& TextMaskCache::mask(const QFont& font, const QString& text, const QRect& needed) {
+    if (!m_mask || m_font != font || m_text != text) {
+        m_font = font;
+        m_text = text;
+        m_bounds = inkBounds(font, text);
+        m_mask.reset();
+    }
+    const QRect wanted = needed & m_bounds;
+    if (!m_mask || !(wanted.isEmpty() || m_mask->window().contains(wanted))) {
+        const QRect roomy = needed.adjusted(-WindowMargin, -WindowMargin, WindowMargin, WindowMargin);
+        m_mask.emplace(font, text, roomy & m_bounds);
+        ++m_misses;
+    }
+    return *m_mask;
+}
+
+SmoothTextMask::SmoothTextMask(const QFont& font, const QString& text, const QRect& window) {
     if (window.isEmpty() || text.isEmpty())
         return;
     const QImage page = coverageOf(font, text, window);

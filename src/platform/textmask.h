@@ -29,19 +29,19 @@ struct TextStyle {
 /// The font that prints with soft edges, where no mask is cut from the text later; otherwise as textFont().
 QFont smoothTextFont(const QString& family, double points, const TextStyle& style = {});
 
-/// Whether a surface prints in this font with soft edges.
-bool isSmooth(const QFont& font);
-
-/// The height in pixels of a font of so many points, at least 1: 96 dots per inch whatever the screen.
+/// The height in pixels of a font of so many points, halves to even and at least 1: 96 dots per inch whatever
+/// the screen. More than 10,000 points count as 10,000, what is no number as the smallest.
 int textPixelSize(double points);
 
-/// Advance width and line height of a one-line text in pixels.
+/// Advance width and line height of a one-line text in pixels. Of a text so long that no surface could show
+/// its end, the width of a part is given, and no more than that part is ever drawn.
 QSize textExtent(const QFont& font, const QString& text);
 
 /// The ink of a text printed once: horizontal runs of pixels relative to the upper-left corner of its cell.
 /// Only the part inside a window is kept.
 class TextMask {
 public:
+    /// Throws RuntimeError 7 when memory does not suffice.
     TextMask(const QFont& font, const QString& text, const QRect& window);
 
     const QRect& window() const { return m_window; }
@@ -64,16 +64,15 @@ private:
 /// part inside a window is kept.
 class SmoothTextMask {
 public:
+    /// Throws RuntimeError 7 when memory does not suffice.
     SmoothTextMask(const QFont& font, const QString& text, const QRect& window);
 
-    const QRect& window() const { return m_window; }
     /// Where there is any ink, relative to the upper-left corner of the text's cell; empty without ink.
     const QRect& ink() const { return m_ink; }
     /// The ink's coverage, Format_Grayscale8, of the size of ink().
     const QImage& coverage() const { return m_coverage; }
 
 private:
-    QRect m_window;
     QRect m_ink;
     QImage m_coverage;
 };
@@ -82,45 +81,20 @@ private:
 QRect inkBounds(const QFont& font, const QString& text);
 
 /// Keeps the mask of the last text, so that the layers of an extrusion print their text once.
-template<typename Mask>
-class MaskCache {
+class TextMaskCache {
 public:
     /// The mask whose window holds `needed` (relative to the text's corner).
-    const Mask& mask(const QFont& font, const QString& text, const QRect& needed);
+    const TextMask& mask(const QFont& font, const QString& text, const QRect& needed);
 
     /// How many texts have been turned into a mask so far.
     int misses() const { return m_misses; }
 
 private:
-    /// How far beyond what is asked a mask reaches, in pixels: more than the deepest one-colour extrusion
-    /// moves.
-    static constexpr int WindowMargin = 16;
-
     QFont m_font;
     QString m_text;
     QRect m_bounds; // where this text can have ink
-    std::optional<Mask> m_mask;
+    std::optional<TextMask> m_mask;
     int m_misses = 0;
 };
-
-using TextMaskCache = MaskCache<TextMask>;
-using SmoothTextMaskCache = MaskCache<SmoothTextMask>;
-
-template<typename Mask>
-const Mask& MaskCache<Mask>::mask(const QFont& font, const QString& text, const QRect& needed) {
-    if (!m_mask || m_font != font || m_text != text) {
-        m_font = font;
-        m_text = text;
-        m_bounds = inkBounds(font, text);
-        m_mask.reset();
-    }
-    const QRect wanted = needed & m_bounds;
-    if (!m_mask || !(wanted.isEmpty() || m_mask->window().contains(wanted))) {
-        const QRect roomy = needed.adjusted(-WindowMargin, -WindowMargin, WindowMargin, WindowMargin);
-        m_mask.emplace(font, text, roomy & m_bounds);
-        ++m_misses;
-    }
-    return *m_mask;
-}
 
 } // namespace ovrano

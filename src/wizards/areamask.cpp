@@ -1,5 +1,7 @@
 #include "wizards/areamask.h"
 
+#include "platform/runtimeerror.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -22,7 +24,7 @@ void AreaMask::addEdge(QPointF from, QPointF to) {
         return;
     const float slope = (x1 - x0) / (y1 - y0);
     const int below = std::min(m_window.height(), static_cast<int>(std::ceil(y1)));
-    for (int y = static_cast<int>(y0); y < below; ++y) {
+    for (int y = std::max(0, static_cast<int>(std::floor(y0))); y < below; ++y) {
         const float top = std::max(static_cast<float>(y), y0);
         const float bottom = std::min(static_cast<float>(y + 1), y1);
         addPiece(&m_areas[static_cast<std::size_t>(y) * m_stride], x0 + slope * (top - y0),
@@ -49,6 +51,8 @@ void AreaMask::addPiece(float* row, float x0, float x1, float height) const {
 
 QImage AreaMask::coverage() const {
     QImage mask(m_window.size(), QImage::Format_Grayscale8);
+    if (mask.isNull() && !m_window.isEmpty())
+        throw RuntimeError(error::OutOfMemory);
     for (int y = 0; y < mask.height(); ++y) {
         const float* areas = &m_areas[static_cast<std::size_t>(y) * m_stride];
         uchar* row = mask.scanLine(y);

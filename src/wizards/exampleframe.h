@@ -7,19 +7,25 @@
 
 namespace ovrano {
 
-/// A frame that a picture fills: the surface is always as large as the frame's inside, in pixels, so that
-/// enlarging the window enlarges the picture.
+/// A frame around a picture that grows and shrinks with it, in pixels: enlarging the window enlarges the
+/// picture by as much.
+///
+/// At first the picture keeps the size that it comes with. Where the controls around it leave more room, it
+/// stands in the middle of that room, and does so from then on; where the screen leaves less, it is cut.
 class ExampleFrame : public QFrame {
     Q_OBJECT
 
 public:
-    /// The surface's size is the one that the frame asks for.
+    /// The surface's size is the one that the frame asks for. The surface outlives the frame.
     ExampleFrame(const QString& name, Surface& surface, QWidget* parent = nullptr);
 
     PictureBox* const picture;
 
-    QSize sizeHint() const override { return m_wanted; }
+    QSize sizeHint() const override { return m_first + borders(); }
     QSize minimumSizeHint() const override;
+
+    /// The window has its first size: every further change of the frame's size is one of the picture's.
+    void settle();
 
 Q_SIGNALS:
     /// The surface has another size now.
@@ -29,8 +35,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QSize borders() const { return QSize(2 * frameWidth(), 2 * frameWidth()); }
+    /// The room for a picture, without the frame.
+    QSize inside() const { return size() - borders(); }
+
     Surface& m_surface;
-    QSize m_wanted; // with the frame
+    const QSize m_first; // the size that the picture comes with
+    QSize m_beside;      // how much more room there is than picture; known once settled
+    bool m_settled = false;
 };
 
 } // namespace ovrano

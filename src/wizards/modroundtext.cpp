@@ -4,12 +4,12 @@
 #include "platform/runtimeerror.h"
 #include "wizards/turnedcharacters.h"
 
+#include <QCoreApplication>
 #include <QTextBoundaryFinder>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
+#include <vector>
 
 namespace ovrano {
 
@@ -17,22 +17,12 @@ namespace {
 
 constexpr double Pi = 3.141592654;
 
-/// A coordinate as surfaces keep it.
-float checkedPosition(double value) {
-    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
-        throw RuntimeError(error::Overflow);
-    return static_cast<float>(value);
-}
-
-/// The whole pixel of a coordinate. What lies far outside every surface may lie elsewhere outside.
-int pixelOf(float coordinate) {
-    constexpr double Far = 1 << 28;
-    return static_cast<int>(std::clamp(roundHalfEven(static_cast<double>(coordinate)), -Far, Far));
-}
-
-/// The characters of a font; those of the last one are still there at the next drawing.
+/// The characters of a font; those of the last one are still there at the next drawing, until the program
+/// ends.
 TurnedCharacters& turnedCharacters(const QFont& font) {
     static std::optional<TurnedCharacters> last;
+    if (!last)
+        qAddPostRoutine([] { last.reset(); }); // before the fonts that it was made with
     if (!last || !last->areOf(font))
         last.emplace(font);
     return *last;
@@ -40,13 +30,20 @@ TurnedCharacters& turnedCharacters(const QFont& font) {
 
 void printCharacters(Surface& target, const QStringList& characters, std::int16_t count,
                      const RoundPath& path) {
-    TurnedCharacters& font = turnedCharacters(target.Font());
-    for (std::int16_t i = 0; i < count; ++i) {
-        const RoundPlace place = path.place(i);
-        target.setCurrentX(static_cast<double>(place.x));
-        target.setCurrentY(static_cast<double>(place.y));
-        font.print(target, characters.at(i), place.escapement, QPoint(pixelOf(place.x), pixelOf(place.y)));
-    }
+    std::vector<TurnedCharacter> placed;
+    skipOnError([&] {
+        for (std::int16_t i = 0; i < count; ++i) {
+            const RoundPlace place = path.place(i);
+            placed.push_back(
+                {characters.at(i), place.escapement,
+                 QPoint(pixelOf(static_cast<double>(place.x)), pixelOf(static_cast<double>(place.y)))});
+        }
+    });
+    if (placed.empty())
+        return;
+    turnedCharacters(target.Font()).print(target, placed);
+    target.setCurrentX(0);
+    target.setCurrentY(placed.back().corner.y() + target.TextHeight(placed.back().text));
 }
 
 } // namespace
@@ -57,8 +54,8 @@ RoundPlace RoundPath::place(std::int16_t index) const {
     const float degrees = startAngle - 180 - before * step;
     const double phi = static_cast<double>(degrees) * Pi / 180;
     return {toInteger32(static_cast<double>(escapement)),
-            checkedPosition(static_cast<double>(radius) * std::sin(phi) + centreX),
-            checkedPosition(static_cast<double>(radius) * std::cos(phi) + centreY)};
+            toSingle(static_cast<double>(radius) * std::sin(phi) + centreX),
+            toSingle(static_cast<double>(radius) * std::cos(phi) + centreY)};
 }
 
 QStringList charactersOf(const QString& text) {

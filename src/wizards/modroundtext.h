@@ -44,6 +44,9 @@ QStringList charactersOf(const QString& text);
 /// the centre in pixels, `sector` the angle that the whole text spans, clockwise, in degrees: with 360 the
 /// text goes once around. A negative sector runs counter-clockwise.
 ///
+/// The current position of the target moves as printing the last character alone would move it: to the left
+/// edge, a line below that character's corner.
+///
 /// A number that overflows or is none (also more than 32,767 characters) ends the drawing quietly; what has
 /// been printed by then stays.
 void PrintRoundText(Surface& target, const QString& text, float startAngle, float radius,

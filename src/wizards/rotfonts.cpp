@@ -1,5 +1,6 @@
 #include "wizards/rotfonts.h"
 
+#include "platform/commondialog.h"
 #include "platform/errorreporter.h"
 #include "platform/numbers.h"
 #include "platform/textmask.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFocusEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -19,14 +21,6 @@
 namespace ovrano {
 
 namespace {
-
-/// The number in a text as single precision. Throws RuntimeError 6 when it is too large for that.
-float singleValue(const QString& text) {
-    const double value = numericValue(text);
-    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max())))
-        throw RuntimeError(error::Overflow);
-    return static_cast<float>(value);
-}
 
 /// Half of a length in pixels, as a text.
 QString halfOf(int length) {
@@ -40,7 +34,7 @@ bool isInside(const QObject* object, const QObject& ancestor) {
 }
 
 /// Whether a field was left for another one, rather than for its own list or menu or another window.
-bool isLeaving(const QObject& field, const QEvent& event) {
+bool isLeavingField(const QObject& field, const QEvent& event) {
     if (event.type() != QEvent::FocusOut)
         return false;
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
@@ -48,20 +42,27 @@ bool isLeaving(const QObject& field, const QEvent& event) {
            !isInside(QApplication::focusWidget(), field);
 }
 
+bool isClick(const QEvent& event) {
+    return event.type() == QEvent::MouseButtonRelease &&
+           static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton;
+}
+
 } // namespace
 
 RotFonts::RotFonts(Handover& handover, WizardMemory& memory, Dialogs& dialogs, const QString& programFolder,
                    QWidget* parent)
-    : RotFontsForm(parent)
+    : RotFontsForm(dialogs, parent)
     , m_handover(handover)
     , m_memory(memory)
-    , m_dialogs(dialogs)
-    , m_programFolder(programFolder)
-    , CommonDialog1(dialogs) {
+    , m_programFolder(programFolder) {
     setCentreDefaults();
     connectFields();
     connectButtons();
     connect(Frame6, &ExampleFrame::pictureResized, this, &RotFonts::redrawResized);
+}
+
+RotFonts::~RotFonts() {
+    putAway();
 }
 
 void RotFonts::connectFields() {
@@ -89,19 +90,25 @@ void RotFonts::connectButtons() {
 }
 
 bool RotFonts::event(QEvent* event) {
+    const bool handled = RotFontsForm::event(event);
     if (event->type() == QEvent::WindowDeactivate) {
         const QWidget* modal = QApplication::activeModalWidget();
         m_ownDialogActive = modal && modal != this;
     } else if (event->type() == QEvent::WindowActivate && !std::exchange(m_ownDialogActive, false)) {
         Form_Activate();
     }
-    return RotFontsForm::event(event);
+    return handled;
+}
+
+void RotFonts::firstShown() {
+    if (TxtCX->text() == m_defaultX && TxtCY->text() == m_defaultY)
+        setCentreDefaults();
 }
 
 bool RotFonts::eventFilter(QObject* watched, QEvent* event) {
-    if (isLeaving(*watched, *event))
+    if (isLeavingField(*watched, *event))
         Command1_Click();
-    else if (event->type() == QEvent::MouseButtonRelease && (watched == TxtCX || watched == TxtCY))
+    else if (isClick(*event) && (watched == TxtCX || watched == TxtCY))
         refresh();
     return RotFontsForm::eventFilter(watched, event);
 }
@@ -115,7 +122,7 @@ void RotFonts::redrawResized() {
     // What was drawn and no longer in the picture comes back with its place.
     Picture1.Cls();
     if (m_drawn)
-        print(Picture1, *m_drawn);
+        skipOnError([this] { print(Picture1, *m_drawn); });
 }
 
 void RotFonts::Check1_Click() {
@@ -123,6 +130,8 @@ void RotFonts::Check1_Click() {
 }
 
 void RotFonts::Command1_Click() {
+    if (isLeaving())
+        return;
     Picture1.Cls();
     m_drawn.reset();
     skipOnError([this] {
@@ -133,7 +142,7 @@ void RotFonts::Command1_Click() {
 
 RotFonts::Drawing RotFonts::settings() const {
     return {Text1->text(),
-            textFont(txtFont->currentText(), numericValue(txtSize->currentText()), false, false),
+            textFont(txtFont->currentText(), typedPoints(txtSize->currentText()), false, false),
             LblCoulTexte->BackColor(),
             singleValue(txtDegree->currentText()),
             singleValue(txtRaggio->currentText()),
@@ -150,37 +159,26 @@ void RotFonts::print(Surface& target, const Drawing& drawing) const {
 }
 
 void RotFonts::cmdColor_Click() {
-    if (chooseColour(*LblCoulTexte, QStringLiteral("cmdColor_Click")))
+    if (chooseColour(*LblCoulTexte, QStringLiteral("cmdColor_Click"), CommonDialog::ColourFullOpenWithPreset))
         refresh();
 }
 
 void RotFonts::Command2_Click() {
-    if (!chooseColour(*LblFond, QStringLiteral("Command2_Click")))
+    if (!chooseColour(*LblFond, QStringLiteral("Command2_Click"), CommonDialog::ColourFullOpenWithPreset))
         return;
     Picture1.setBackColor(LblFond->BackColor());
     m_drawn.reset();
     refresh();
 }
 
-bool RotFonts::chooseColour(ColourBox& box, const QString& handler) {
-    bool chosen = false;
-    trapErrors(m_dialogs, handler, [&] {
-        CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = CommonDialog::ColourFullOpenWithPreset;
-        CommonDialog1.Color = box.BackColor();
-        CommonDialog1.ShowColor();
-        box.setBackColor(CommonDialog1.Color);
-        chosen = true;
-    });
-    return chosen;
-}
-
 void RotFonts::setCentreDefaults() {
     // Both at once: the preview is drawn once, not with a half-changed centre in between.
     const QSignalBlocker quietX(TxtCX);
     const QSignalBlocker quietY(TxtCY);
-    TxtCX->setText(halfOf(Picture1.Width()));
-    TxtCY->setText(halfOf(Picture1.Height()));
+    m_defaultX = halfOf(Picture1.Width());
+    m_defaultY = halfOf(Picture1.Height());
+    TxtCX->setText(m_defaultX);
+    TxtCY->setText(m_defaultY);
 }
 
 void RotFonts::Command4_Click() {
@@ -192,13 +190,14 @@ void RotFonts::Command3_Click() {
     m_memory.TwoColourText = Text1->text();
     m_memory.Cancelled = 0;
     Command1_Click();
-    trapErrors(m_dialogs, QStringLiteral("Command3_Click"), [this] {
+    const QString name = QStringLiteral("Command3_Click");
+    trapErrors(m_dialogs, name, [&] {
         printOnWorkPicture();
         giveToCompanions(m_handover.work().picDisp.Picture());
-        passThroughFile();
+        trapErrors(m_dialogs, name, [this] { passThroughFile(); }); // the picture is there without it
+        m_handover.present();
+        accept();
     });
-    m_handover.present();
-    accept();
 }
 
 void RotFonts::printOnWorkPicture() {

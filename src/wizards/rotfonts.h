@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/commondialog.h"
-#include "platform/dialogs.h"
 #include "wizards/handover.h"
 #include "wizards/rotfontsform.h"
 #include "wizards/wizardmemory.h"
@@ -17,7 +15,8 @@ namespace ovrano {
 /// Lays a text along a circle on a preview picture and makes the preview the work picture.
 ///
 /// The settings live in the controls and are not checked: what is no number counts as the number that it
-/// starts with, or 0. A number too large for what it is used for leaves the preview empty.
+/// starts with, or 0. A number too large for what it is used for leaves the preview empty, but for the size
+/// of the letters: 999 points is the largest.
 class RotFonts : public RotFontsForm {
     Q_OBJECT
 
@@ -25,6 +24,8 @@ public:
     /// `programFolder` is where Apply writes its temporary file.
     RotFonts(Handover& handover, WizardMemory& memory, Dialogs& dialogs, const QString& programFolder,
              QWidget* parent = nullptr);
+    Q_DISABLE_COPY_MOVE(RotFonts)
+    ~RotFonts() override;
 
     std::int16_t AutoRefresh = 0; // 1 while every change is drawn at once
 
@@ -54,6 +55,8 @@ protected:
     bool event(QEvent* event) override;
     /// Tells when a field is left or clicked.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// A centre that nobody has changed is the middle of the picture.
+    void firstShown() override;
 
 private:
     /// What Dessiner has drawn.
@@ -73,7 +76,6 @@ private:
     void refresh();
     void redrawResized();
     void setCentreDefaults();
-    bool chooseColour(ColourBox& box, const QString& handler);
     Drawing settings() const;
     void print(Surface& target, const Drawing& drawing) const;
     void printOnWorkPicture();
@@ -82,9 +84,9 @@ private:
 
     Handover& m_handover;
     WizardMemory& m_memory;
-    Dialogs& m_dialogs;
     const QString m_programFolder;
-    CommonDialog CommonDialog1;
+    QString m_defaultX; // the default centre last put into the fields
+    QString m_defaultY;
     std::optional<Drawing> m_drawn; // what the preview shows; nothing when it shows the background alone
     bool m_ownDialogActive = false; // the window lost the activation to a dialog of its own
 };

@@ -2,6 +2,8 @@
 
 #include "platform/controls.h"
 #include "platform/fontbox.h"
+#include "wizards/formparts.h"
+#include "wizards/settingscolumn.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -17,19 +19,12 @@ namespace {
 constexpr QSize FirstPictureSize(420, 420); // pixels
 constexpr Colour DarkBlue = rgb(0, 64, 128);
 
-// Pixels.
-constexpr int Spacing = 6;
-constexpr QSize SwatchSize(72, 24);
-constexpr int MoreButtonWidth = 30;
+constexpr QSize SwatchSize(72, 24); // pixels
 
 constexpr int FontCharacters = 16;
 
 QLabel* label(const char* name, const char* text, QWidget* parent) {
     return named(new QLabel(QString::fromUtf8(text), parent), name);
-}
-
-QGroupBox* group(const char* name, const char* title, QWidget* parent) {
-    return named(new QGroupBox(QString::fromUtf8(title), parent), name);
 }
 
 QPushButton* button(const char* name, const char* text, const char* toolTip, QWidget* parent) {
@@ -45,60 +40,50 @@ void addField(QGridLayout& grid, int row, QLabel* label, QWidget* field) {
     grid.addWidget(field, row, 1);
 }
 
-void inset(QLayout& layout) {
-    layout.setContentsMargins(Spacing, Spacing, Spacing, Spacing);
-    layout.setSpacing(Spacing);
-}
-
 } // namespace
 
-RotFontsForm::RotFontsForm(QWidget* parent)
-    : QDialog(parent)
-    , Picture1(QStringLiteral("Picture1"), FirstPictureSize)
+RotFontsForm::RotFontsForm(Dialogs& dialogs, QWidget* parent)
+    : PictureDialog(QStringLiteral("Picture1"), FirstPictureSize, dialogs, parent)
+    , Picture1(m_picture)
     , Label3(label("Label3", "Texte : ", this))
     , Text1(named(new QLineEdit(QStringLiteral("EXEMPLE DE TEXTE - Circulaire - "), this), "Text1",
                   QStringLiteral("Texte")))
-    , Frame6(new ExampleFrame(QStringLiteral("Frame6"), Picture1, this))
-    , Frame1(group("Frame1", "Paramètres ", this))
-    , Frame5(group("Frame5", "Angles && Rayon", Frame1))
+    , Frame1(groupFrame("Frame1", QStringLiteral("Paramètres "), this))
+    , Frame5(groupFrame("Frame5", QStringLiteral("Angles && Rayon"), Frame1))
     , Label1(label("Label1", "Rayon : ", Frame5))
     , txtRaggio(named(new QComboBox(Frame5), "txtRaggio", QStringLiteral("Rayon, en pixels")))
     , Label2(label("Label2", "Secteur angulaire : ", Frame5))
     , txtSettore(named(new QComboBox(Frame5), "txtSettore", QStringLiteral("Secteur angulaire, en degrés")))
     , Label4(label("Label4", "Angle de départ : ", Frame5))
     , txtDegree(named(new QComboBox(Frame5), "txtDegree", QStringLiteral("Angle de départ, en degrés")))
-    , Frame4(group("Frame4", "Coordonnées Centre ", Frame1))
+    , Frame4(groupFrame("Frame4", QStringLiteral("Coordonnées Centre "), Frame1))
     , Label5(label("Label5", "Coord X : ", Frame4))
     , TxtCX(named(new QLineEdit(Frame4), "TxtCX", QStringLiteral("Coordonnée X du centre, en pixels")))
     , Label6(label("Label6", "Coord Y : ", Frame4))
     , TxtCY(named(new QLineEdit(Frame4), "TxtCY", QStringLiteral("Coordonnée Y du centre, en pixels")))
     , Command4(button("Command4", "Défaut", "Coordonnées du centre à défaut", Frame4))
-    , Frame3(group("Frame3", "Police", Frame1))
+    , Frame3(groupFrame("Frame3", QStringLiteral("Police"), Frame1))
     , txtFont(named(new QComboBox(Frame3), "txtFont", QStringLiteral("Police")))
     , Label7(label("Label7", "Taille de la police : ", Frame3))
     , txtSize(named(new QComboBox(Frame3), "txtSize", QStringLiteral("Taille de la police, en points")))
-    , Frame2(group("Frame2", "Couleurs ", Frame1))
-    , LblCoulTexte(new ColourBox(QStringLiteral("LblCoulTexte"), DarkBlue, Frame2))
-    , cmdColor(button("cmdColor", "...", "Changer la couleur de texte", Frame2))
-    , LblFond(new ColourBox(QStringLiteral("LblFond"), White, Frame2))
-    , Command2(button("Command2", "...", "Changer la couleur de fond", Frame2))
+    , Frame2(groupFrame("Frame2", QStringLiteral("Couleurs "), Frame1))
+    , LblCoulTexte(captionedColour("LblCoulTexte", QStringLiteral("Texte"), DarkBlue, Frame2))
+    , cmdColor(moreButton("cmdColor", QStringLiteral("Changer la couleur de texte"), Frame2))
+    , LblFond(captionedColour("LblFond", QStringLiteral("Fond"), White, Frame2))
+    , Command2(moreButton("Command2", QStringLiteral("Changer la couleur de fond"), Frame2))
     , Check1(named(new QCheckBox(QStringLiteral("Actualisation automatique"), this), "Check1"))
-    , lblPictureSize(label("lblPictureSize", "", this))
     , Command1(button("Command1", "Dessiner", "Dessine avec les paramètres en cours", this))
     , Command3(button("Command3", "&Appliquer...", "Applique avec l'image en cours", this))
     , Command5(button("Command5", "Fermer", "Ferme l'ovrano de texte circulaire", this)) {
     setObjectName(QStringLiteral("RotFonts"));
     setWindowTitle(QStringLiteral("Texte Circulaire"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    setSizeGripEnabled(true);
     fillLists();
-    setUpButtons();
-    setUpColours();
+    for (ColourBox* box : {LblCoulTexte, LblFond})
+        box->setMinimumSize(SwatchSize);
     arrange();
     orderTabs();
     Frame6->picture->setAccessibleName(QStringLiteral("Aperçu"));
-    connect(Frame6, &ExampleFrame::pictureResized, this, &RotFontsForm::showPictureSize);
-    showPictureSize();
+    Command1->setDefault(true); // Return in a field shows what was typed
 }
 
 void RotFontsForm::fillLists() {
@@ -114,29 +99,6 @@ void RotFontsForm::fillLists() {
         box->setCurrentIndex(box->findText(QLatin1String(first)));
         box->setEditText(QLatin1String(first));
     }
-}
-
-void RotFontsForm::setUpButtons() {
-    for (QPushButton* more : {cmdColor, Command2}) {
-        more->setAccessibleName(more->toolTip());
-        more->setFixedWidth(MoreButtonWidth);
-    }
-    Command1->setDefault(true); // Return in a field shows what was typed
-}
-
-void RotFontsForm::setUpColours() {
-    LblCoulTexte->setText(QStringLiteral("Texte"));
-    LblFond->setText(QStringLiteral("Fond"));
-    for (ColourBox* box : {LblCoulTexte, LblFond}) {
-        box->setMinimumSize(SwatchSize);
-        box->setAlignment(Qt::AlignCenter);
-        box->keepCaptionReadable();
-    }
-}
-
-void RotFontsForm::showPictureSize() {
-    const QSize size = Picture1.innerSize();
-    lblPictureSize->setText(QStringLiteral("L=%1  H=%2").arg(size.width()).arg(size.height()));
 }
 
 QLayout* RotFontsForm::anglesAndRadius() {
@@ -214,11 +176,11 @@ void RotFontsForm::arrange() {
     auto* grid = new QGridLayout(this);
     grid->addLayout(text, 0, 0, 1, 2);
     grid->addWidget(Frame6, 1, 0);
-    grid->addWidget(Frame1, 1, 1);
+    grid->addWidget(new SettingsColumn(Frame1, this), 1, 1);
     grid->addLayout(bottom, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
-    resize(sizeHint()); // on a small screen, too: the toolkit would begin with a part of it
+    placeOnScreen();
 }
 
 void RotFontsForm::orderTabs() {

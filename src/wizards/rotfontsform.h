@@ -1,12 +1,9 @@
 #pragma once
 
-#include "platform/colourbox.h"
-#include "platform/surface.h"
-#include "wizards/exampleframe.h"
+#include "wizards/picturedialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,17 +12,16 @@
 namespace ovrano {
 
 /// The controls of the circular text dialog, filled and in their places.
-class RotFontsForm : public QDialog {
+class RotFontsForm : public PictureDialog {
     Q_OBJECT
 
 public:
-    explicit RotFontsForm(QWidget* parent = nullptr);
+    explicit RotFontsForm(Dialogs& dialogs, QWidget* parent = nullptr);
 
-    Surface Picture1; // the preview; its size is the new picture's
+    Surface& Picture1; // the preview; its size is the new picture's
 
     QLabel* const Label3;
     QLineEdit* const Text1;
-    ExampleFrame* const Frame6;
     QGroupBox* const Frame1;
     QGroupBox* const Frame5;
     QLabel* const Label1;
@@ -50,16 +46,12 @@ public:
     ColourBox* const LblFond;
     QPushButton* const Command2;
     QCheckBox* const Check1;
-    QLabel* const lblPictureSize;
     QPushButton* const Command1;
     QPushButton* const Command3;
     QPushButton* const Command5;
 
 private:
     void fillLists();
-    void setUpButtons();
-    void setUpColours();
-    void showPictureSize();
     QLayout* anglesAndRadius();
     QLayout* centre();
     QLayout* font();

@@ -1,16 +1,14 @@
 #include "wizards/turnedcharacters.h"
 
 #include "platform/coverage.h"
+#include "platform/runtimeerror.h"
 #include "platform/textmask.h"
 #include "wizards/areamask.h"
 
 #include <QFontMetrics>
 #include <QGlyphRun>
-#include <QPainter>
-#include <QPainterPath>
 #include <QRawFont>
 #include <QTextLayout>
-#include <QTransform>
 
 #include <algorithm>
 #include <array>
@@ -74,19 +72,25 @@ bool TurnedCharacters::areOf(const QFont& font) const {
     return m_family == font.family() && m_pixelSize == pixelSizeOf(font);
 }
 
-void TurnedCharacters::print(Surface& target, const QString& character, std::int32_t escapement,
-                             QPoint corner) {
-    const Character& drawn = known(character);
-    const QPoint reach(drawn.reach, drawn.reach);
-    if (drawn.ink.isEmpty() || !QRect(corner - reach, corner + reach).intersects(target.Image().rect()))
-        return;
-    const int angle = (escapement % FullTurn + FullTurn) % FullTurn;
-    if (!drawn.byOutline) {
-        paint(target, drawn, angle / 10.0, corner);
-        return;
+void TurnedCharacters::print(Surface& target, const std::vector<TurnedCharacter>& characters) {
+    std::vector<Painting> paintings;
+    for (const TurnedCharacter& character : characters) {
+        const Character& drawn = known(character.text);
+        const int angle = (character.escapement % FullTurn + FullTurn) % FullTurn;
+        const QPoint corner = character.corner;
+        const QTransform place = QTransform::fromTranslate(corner.x(), corner.y()).rotate(-angle / 10.0);
+        const QRect area = place.mapRect(drawn.ink).toAlignedRect() & target.Image().rect();
+        if (area.isEmpty())
+            continue;
+        if (drawn.masked) {
+            paintAll(target, paintings);
+            const Mask& turnedMask = mask(drawn, angle);
+            blendCoverage(target, turnedMask.coverage, corner + turnedMask.at, target.ForeColor());
+        } else {
+            paintings.push_back({drawn, place, area});
+        }
     }
-    const Mask& turnedMask = mask(drawn, angle);
-    blendCoverage(target, turnedMask.coverage, corner + turnedMask.at, target.ForeColor());
+    paintAll(target, paintings);
 }
 
 QFont TurnedCharacters::font() const {
@@ -117,8 +121,8 @@ TurnedCharacters::Character TurnedCharacters::measured(const QString& text) cons
         ink =
             QRectF(0, 0, metrics.horizontalAdvance(text), height).adjusted(-height, -height, height, height);
     }
-    const int reach = reachOf(ink) + 1;
-    return {text, path.toSubpathPolygons(), ink, reach, !pictured && reach <= LargestReach};
+    path.setFillRule(Qt::WindingFill);
+    return {text, path, ink, pictured, !pictured && reachOf(ink) < LargestReach};
 }
 
 const TurnedCharacters::Mask& TurnedCharacters::mask(const Character& character, int angle) {
@@ -135,21 +139,15 @@ const TurnedCharacters::Mask& TurnedCharacters::mask(const Character& character,
 }
 
 TurnedCharacters::Mask TurnedCharacters::upright(const Character& character) const {
-    const QRect window = character.ink.toAlignedRect();
-    QImage mask(window.size(), QImage::Format_Grayscale8);
-    mask.fill(0);
-    QPainter painter(&mask);
-    painter.setPen(Qt::white);
-    painter.setFont(font());
-    painter.drawText(QPoint(0, m_ascent) - window.topLeft(), character.text);
-    return {mask, window.topLeft()};
+    const SmoothTextMask mask(font(), character.text, character.ink.toAlignedRect());
+    return {mask.coverage(), mask.ink().topLeft()};
 }
 
 TurnedCharacters::Mask TurnedCharacters::turned(const Character& character, double degrees) {
     const QTransform turn = QTransform().rotate(-degrees);
     const QRect window = turn.mapRect(character.ink).toAlignedRect();
     AreaMask mask(window);
-    for (const QPolygonF& contour : character.outline) {
+    for (const QPolygonF& contour : character.outline.toSubpathPolygons()) {
         const QPolygonF moved = turn.map(contour);
         for (qsizetype i = 0; i < moved.size(); ++i)
             mask.addEdge(moved.at(i), moved.at(i + 1 < moved.size() ? i + 1 : 0));
@@ -174,25 +172,41 @@ TurnedCharacters::Mask TurnedCharacters::quarterTurned(Mask mask, int quarters) 
         return mask;
     }
     mask.coverage = mask.coverage.transformed(QTransform().rotate(-90.0 * quarters));
+    if (mask.coverage.isNull() && !size.isEmpty())
+        throw RuntimeError(error::OutOfMemory);
     return mask;
 }
 
-void TurnedCharacters::paint(Surface& target, const Character& character, double degrees,
-                             QPoint corner) const {
-    const QTransform place = QTransform::fromTranslate(corner.x(), corner.y()).rotate(-degrees);
-    const QRect area = place.mapRect(character.ink).toAlignedRect();
+void TurnedCharacters::paintAll(Surface& target, std::vector<Painting>& paintings) const {
+    if (paintings.empty())
+        return;
+    QRect area;
+    for (const Painting& painting : paintings)
+        area |= painting.area;
+    QImage window = target.Image().toImage(area);
+    if (window.isNull())
+        throw RuntimeError(error::OutOfMemory);
+    QPainter painter(&window);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(toPixel(target.ForeColor())));
+    painter.setFont(font());
+    for (Painting& painting : paintings) {
+        painting.place *= QTransform::fromTranslate(-area.left(), -area.top());
+        paint(painter, painting);
+    }
+    painter.end();
+    paintings.clear();
     target.editImage(area, [&](Raster& image, const QRect& inside) {
-        image.writeTiles(inside, [&](QImage& tile, const QRect& part) {
-            QPainter painter(&tile);
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.setTransform(place *
-                                 QTransform::fromTranslate(-(part.left() - part.left() % Raster::TileSide),
-                                                           -(part.top() - part.top() % Raster::TileSide)));
-            painter.setPen(QColor(toPixel(target.ForeColor())));
-            painter.setFont(font());
-            painter.drawText(QPoint(0, m_ascent), character.text);
-        });
+        image.copyFrom(Raster::fromImage(window), window.rect(), inside.topLeft());
     });
+}
+
+void TurnedCharacters::paint(QPainter& painter, const Painting& painting) const {
+    painter.setTransform(painting.place);
+    if (painting.character.pictured)
+        painter.drawText(QPoint(0, m_ascent), painting.character.text);
+    else
+        painter.fillPath(painting.character.outline, painter.pen().color());
 }
 
 } // namespace ovrano

@@ -6,14 +6,24 @@
 #include <QFont>
 #include <QHash>
 #include <QImage>
-#include <QList>
-#include <QPolygonF>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRect>
 #include <QString>
+#include <QTransform>
 
 #include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace ovrano {
+
+/// A character and its place.
+struct TurnedCharacter {
+    QString text;
+    std::int32_t escapement; // tenths of a degree, counter-clockwise
+    QPoint corner;           // of its cell, the upper-left one, in pixels
+};
 
 /// The characters of one font, drawn smoothed and turned about the upper-left corner of their cell.
 ///
@@ -28,18 +38,24 @@ public:
     /// Whether these are the characters of that font.
     bool areOf(const QFont& font) const;
 
-    /// Draws a character in the surface's ForeColor. `escapement` is in tenths of a degree,
-    /// counter-clockwise; `corner` is where the cell's upper-left corner lies, in pixels.
-    void print(Surface& target, const QString& character, std::int32_t escapement, QPoint corner);
+    /// Draws characters in the surface's ForeColor, one after the other. Throws RuntimeError 7 when memory
+    /// does not suffice; what has been drawn by then stays.
+    void print(Surface& target, const std::vector<TurnedCharacter>& characters);
 
 private:
     /// Coordinates are pixels from the cell's upper-left corner, y down.
     struct Character {
         QString text;
-        QList<QPolygonF> outline;
+        QPainterPath outline;
         QRectF ink;
-        int reach;      // no ink is farther from the corner, however it is turned
-        bool byOutline; // otherwise the toolkit draws it: pictures in colours, and very large letters
+        bool pictured; // in colours of its own
+        bool masked;   // drawn through a mask that is kept; otherwise painted anew
+    };
+    /// What is painted rather than masked, and where.
+    struct Painting {
+        Character character;
+        QTransform place;
+        QRect area; // of the surface, where there can be ink
     };
     struct Mask {
         QImage coverage;
@@ -54,7 +70,9 @@ private:
     Mask upright(const Character& character) const;
     static Mask turned(const Character& character, double degrees);
     static Mask quarterTurned(Mask mask, int quarters);
-    void paint(Surface& target, const Character& character, double degrees, QPoint corner) const;
+    void paint(QPainter& painter, const Painting& painting) const;
+    /// Paints in one go what stands there, and empties it.
+    void paintAll(Surface& target, std::vector<Painting>& paintings) const;
 
     const QString m_family;
     const int m_pixelSize;

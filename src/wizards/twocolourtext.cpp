@@ -16,10 +16,9 @@ constexpr int FullTurn = 360; // degrees
 constexpr double HalfTurnRadians = 3.1416;
 constexpr double FullTurnRadians = 6.2832;
 
-/// The pixel that a print's corner falls on, as surfaces round their pixel scale.
-QPoint pixelOf(const TextPrint& print) {
-    return QPoint(static_cast<int>(roundHalfEven(static_cast<double>(print.x))),
-                  static_cast<int>(roundHalfEven(static_cast<double>(print.y))));
+/// The pixel that a print's corner falls on.
+QPoint cornerOf(const TextPrint& print) {
+    return QPoint(pixelOf(static_cast<double>(print.x)), pixelOf(static_cast<double>(print.y)));
 }
 
 void addSquare(std::vector<TextPrint>& prints, int first, int last, Colour colour) {
@@ -32,7 +31,7 @@ void addSquare(std::vector<TextPrint>& prints, int first, int last, Colour colou
 QRect shownPart(const Surface& surface, const std::vector<TextPrint>& prints) {
     QRect shown;
     for (const TextPrint& print : prints)
-        shown |= surface.Image().rect().translated(-pixelOf(print));
+        shown |= surface.Image().rect().translated(-cornerOf(print));
     return shown;
 }
 
@@ -100,7 +99,7 @@ void printTextLayers(Surface& surface, const QString& text, const std::vector<Te
         const auto end = std::find_if_not(
             run, prints.end(), [colour](const TextPrint& print) { return print.colour == colour; });
         std::vector<QPoint> origins;
-        std::transform(run, end, std::back_inserter(origins), pixelOf);
+        std::transform(run, end, std::back_inserter(origins), cornerOf);
         printInOneColour(surface, mask, origins, colour);
         run = end;
     }

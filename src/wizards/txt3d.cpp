@@ -7,9 +7,11 @@
 #include "platform/typingfilter.h"
 #include "wizards/twocolourtext.h"
 
+#include <QAbstractItemView>
+#include <QGuiApplication>
 #include <QKeyEvent>
-
-#include <algorithm>
+#include <QScopeGuard>
+#include <QScrollBar>
 
 namespace ovrano {
 
@@ -17,7 +19,6 @@ namespace {
 
 constexpr int SmallestSize = 6; // points
 constexpr int LargestSize = 99;
-constexpr double LargestTypedSize = 999;
 constexpr int LargestAngle = 360; // degrees
 
 bool isReturn(const QEvent& event) {
@@ -30,19 +31,16 @@ bool isReturn(const QEvent& event) {
 } // namespace
 
 Txt3D::Txt3D(Handover& handover, WizardMemory& memory, Dialogs& dialogs, QWidget* parent)
-    : Txt3DForm(parent)
+    : Txt3DForm(dialogs, parent)
     , m_handover(handover)
-    , m_memory(memory)
-    , m_dialogs(dialogs)
-    , CommonDialog1(dialogs) {
+    , m_memory(memory) {
     Form_Load();
     connectHandlers();
     connectTyping();
 }
 
 Txt3D::~Txt3D() {
-    // A field that loses the keyboard announces it, and must find this object whole.
-    hide();
+    putAway();
 }
 
 void Txt3D::Form_Load() {
@@ -52,10 +50,9 @@ void Txt3D::Form_Load() {
         Text1->setText(QStringLiteral("Votre texte"));
     Text1->setText(m_memory.TwoColourText); // empty on a first opening, on purpose
     fillLists();
-    placeInCorner();
+    placeOnScreen();
     m_points = numericValue(Combo2->currentText());
     ExamplePic.setFont(smoothTextFont(Combo1->currentText(), m_points));
-    showPictureSize();
     DrawExample();
 }
 
@@ -70,6 +67,7 @@ void Txt3D::connectHandlers() {
     connect(Text1, &QLineEdit::textChanged, this, &Txt3D::Text1_Change);
     connect(Text2, &QComboBox::editTextChanged, this, &Txt3D::Text2_Change);
     connect(Text2, &QComboBox::activated, this, &Txt3D::Text2_Click);
+    connect(Text2->view()->verticalScrollBar(), &QScrollBar::valueChanged, this, &Txt3D::Text2_Scroll);
     connect(Slider1, &QSlider::valueChanged, this, &Txt3D::Slider1_Change); // at each step of dragging, too
     connect(Combo1, &QComboBox::activated, this, &Txt3D::Combo1_Click);
     connect(Combo2, &QComboBox::activated, this, &Txt3D::Combo2_Click);
@@ -84,63 +82,68 @@ void Txt3D::connectHandlers() {
     connect(Command6, &QPushButton::clicked, this, &Txt3D::Command6_Click);
     connect(Command1, &QPushButton::clicked, this, &Txt3D::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &Txt3D::Command2_Click);
-    connect(Frame6, &ExampleFrame::pictureResized, this, &Txt3D::redrawInNewSize);
+    connect(Frame6, &ExampleFrame::pictureResized, this, &Txt3D::redraw);
 }
 
 void Txt3D::connectTyping() {
     new TypingFilter(*Text2->lineEdit(), Text2_KeyPress);
+    Text1->installEventFilter(this);
     for (QComboBox* box : {Combo1, Combo2, Text2}) {
         box->installEventFilter(this);
         box->lineEdit()->installEventFilter(this);
     }
-    connect(Combo1->lineEdit(), &QLineEdit::editingFinished, this, &Txt3D::takeTypedFont);
-    connect(Combo2->lineEdit(), &QLineEdit::editingFinished, this, &Txt3D::takeTypedSize);
+    for (const QComboBox* box : {Combo1, Combo2})
+        connect(box->lineEdit(), &QLineEdit::editingFinished, this, &Txt3D::takeTyped);
 }
 
 bool Txt3D::eventFilter(QObject* watched, QEvent* event) {
     if (!isReturn(*event))
         return Txt3DForm::eventFilter(watched, event);
-    takeTypedFont();
-    takeTypedSize();
+    takeTyped();
     return true;
 }
 
-void Txt3D::takeTypedFont() {
-    const QString typed = Combo1->currentText().trimmed();
-    if (typed.compare(ExamplePic.Font().family(), Qt::CaseInsensitive) == 0)
+void Txt3D::takeTyped() {
+    if (isLeaving())
         return;
-    if (typed.isEmpty())
+    if (Combo1->currentText().trimmed().isEmpty())
         Combo1->setEditText(ExamplePic.Font().family());
-    else
-        Combo1_Click();
+    const bool otherFont =
+        Combo1->currentText().trimmed().compare(ExamplePic.Font().family(), Qt::CaseInsensitive) != 0;
+    const bool otherSize = Combo2->currentText() != QString::number(m_points);
+    if (otherFont)
+        takeFont();
+    if (otherSize)
+        takeSize();
+    if (otherFont || otherSize)
+        DrawExample();
 }
 
-void Txt3D::takeTypedSize() {
-    if (Combo2->currentText() != QString::number(m_points))
-        Combo2_Click();
+void Txt3D::DrawExample(OnBadAngle onBadAngle) {
+    if (isLeaving())
+        return;
+    trapErrors(m_dialogs, QStringLiteral("DrawExample"), [&] {
+        ExamplePic.Cls();
+        std::vector<TextPrint> prints;
+        if (Check3->isChecked()) {
+            prints = reliefPrints();
+        } else if (Check2->isChecked()) {
+            if (!readExtrusion(onBadAngle))
+                return;
+            prints = extrusionPrints(m_memory.Colour3D, m_memory.ExtrusionDepth, m_memory.ExtrusionAngle);
+        } else if (Check1->isChecked()) {
+            prints = outlinePrints(m_memory.Colour3D);
+        }
+        prints.push_back(facePrint(m_memory.TextColour));
+        printTextLayers(ExamplePic, Text1->text(), prints);
+    });
 }
 
-void Txt3D::DrawExample() {
-    ExamplePic.Cls();
-    std::vector<TextPrint> prints;
-    if (Check3->isChecked()) {
-        prints = reliefPrints();
-    } else if (Check2->isChecked()) {
-        if (!readExtrusion())
-            return;
-        prints = extrusionPrints(m_memory.Colour3D, m_memory.ExtrusionDepth, m_memory.ExtrusionAngle);
-    } else if (Check1->isChecked()) {
-        prints = outlinePrints(m_memory.Colour3D);
-    }
-    prints.push_back(facePrint(m_memory.TextColour));
-    printTextLayers(ExamplePic, Text1->text(), prints);
-}
-
-bool Txt3D::readExtrusion() {
+bool Txt3D::readExtrusion(OnBadAngle onBadAngle) {
     const QString angle = Text2->currentText();
     if (!isDigitsOnly(angle)) {
-        m_dialogs.messageBox({QStringLiteral("Entrez uniquement des nombres !"), QStringLiteral("Erreur"),
-                              Buttons::Ok, Icon::Critical});
+        if (onBadAngle == OnBadAngle::Report)
+            reportBadAngle();
         return false;
     }
     const QString withinTurn = withoutFullTurns(angle);
@@ -158,26 +161,20 @@ bool Txt3D::readExtrusion() {
     return true;
 }
 
+void Txt3D::reportBadAngle() {
+    // A box in the middle of a press would take its release away.
+    if (m_reporting || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    m_reporting = true;
+    const auto reported = qScopeGuard([this] { m_reporting = false; });
+    m_dialogs.messageBox({QStringLiteral("Entrez uniquement des nombres !"), QStringLiteral("Erreur"),
+                          Buttons::Ok, Icon::Critical});
+}
+
 void Txt3D::replaceAngle(const QString& text) {
     Text2->setEditText(text);
     // So that the next digit starts a new number.
     Text2->lineEdit()->selectAll();
-}
-
-void Txt3D::redrawInNewSize() {
-    showPictureSize();
-    // Nobody wants to be told of a bad angle at every step of enlarging the window.
-    const bool blank = Check2->isChecked() && !Check3->isChecked() && !isDigitsOnly(Text2->currentText());
-    if (!blank)
-        DrawExample();
-}
-
-void Txt3D::Text2_Change() {
-    // The arrow keys go on from the number that is shown, not from the one last chosen.
-    const int row = Text2->findText(Text2->currentText());
-    if (row >= 0 && row != Text2->currentIndex())
-        Text2->setCurrentIndex(row);
-    DrawExample();
 }
 
 void Txt3D::Text2_KeyPress(std::int16_t& keyAscii) {
@@ -189,27 +186,38 @@ void Txt3D::Text2_KeyPress(std::int16_t& keyAscii) {
 
 void Txt3D::Slider1_Change() {
     lblDepth->setNum(Slider1->value());
-    DrawExample();
+    redraw();
 }
 
 void Txt3D::Combo1_Click() {
+    if (isLeaving())
+        return;
+    takeFont();
+    DrawExample();
+}
+
+void Txt3D::takeFont() {
     QFont font = ExamplePic.Font();
     font.setFamily(Combo1->currentText().trimmed());
     ExamplePic.setFont(font);
     shareFont([&](QFont& shared) { shared.setFamily(font.family()); });
-    DrawExample();
 }
 
 void Txt3D::Combo2_Click() {
-    const double points = std::min(numericValue(Combo2->currentText()), LargestTypedSize);
-    if (points > 0)
+    if (isLeaving())
+        return;
+    takeSize();
+    DrawExample();
+}
+
+void Txt3D::takeSize() {
+    if (const double points = typedPoints(Combo2->currentText()); points > 0)
         m_points = points;
     Combo2->setEditText(QString::number(m_points));
     QFont font = ExamplePic.Font();
     font.setPixelSize(textPixelSize(m_points));
     ExamplePic.setFont(font);
     shareFont([&](QFont& shared) { shared.setPixelSize(font.pixelSize()); });
-    DrawExample();
 }
 
 void Txt3D::Command3_Click(int index) {
@@ -267,35 +275,29 @@ void Txt3D::Check3_Click() {
 }
 
 void Txt3D::Command4_Click() {
-    chooseColour(*LblCoulT, QStringLiteral("Command4_Click"),
-                 [this](Colour colour) { m_memory.TextColour = colour; });
+    if (!chooseColour(*LblCoulT, QStringLiteral("Command4_Click"), CommonDialog::ColourFullOpen))
+        return;
+    m_memory.TextColour = LblCoulT->BackColor();
+    redraw();
 }
 
 void Txt3D::Command5_Click() {
-    chooseColour(*LblCoul3D, QStringLiteral("Command5_Click"),
-                 [this](Colour colour) { m_memory.Colour3D = colour; });
+    if (!chooseColour(*LblCoul3D, QStringLiteral("Command5_Click"), CommonDialog::ColourFullOpen))
+        return;
+    m_memory.Colour3D = LblCoul3D->BackColor();
+    redraw();
 }
 
 void Txt3D::Command6_Click() {
-    chooseColour(*LblFond, QStringLiteral("Command6_Click"),
-                 [this](Colour colour) { ExamplePic.setBackColor(colour); });
-}
-
-void Txt3D::chooseColour(ColourBox& box, const QString& handler,
-                         const std::function<void(Colour colour)>& take) {
-    trapErrors(m_dialogs, handler, [&] {
-        CommonDialog1.CancelError = true;
-        CommonDialog1.Flags = CommonDialog::ColourFullOpen;
-        CommonDialog1.Color = box.BackColor();
-        CommonDialog1.ShowColor();
-        box.setBackColor(CommonDialog1.Color);
-        take(CommonDialog1.Color);
-        DrawExample();
-    });
+    if (!chooseColour(*LblFond, QStringLiteral("Command6_Click"), CommonDialog::ColourFullOpen))
+        return;
+    ExamplePic.setBackColor(LblFond->BackColor());
+    redraw();
 }
 
 void Txt3D::Command1_Click() {
     trapErrors(m_dialogs, QStringLiteral("Command1_Click"), [this] {
+        takeTyped();
         m_memory.TwoColourText = Text1->text();
         m_handover.take(ExamplePic.Image());
         m_handover.present();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/commondialog.h"
-#include "platform/dialogs.h"
 #include "wizards/handover.h"
 #include "wizards/txt3dform.h"
 #include "wizards/wizardmemory.h"
@@ -26,12 +24,16 @@ public:
     Q_DISABLE_COPY_MOVE(Txt3D)
     ~Txt3D() override;
 
-    /// Draws the example from scratch with the present settings.
-    void DrawExample();
+    /// What a drawing does about an angle that is no whole number, which leaves the example empty.
+    enum class OnBadAngle { Report, StayQuiet };
 
-    void Text1_Change() { DrawExample(); }
-    void Text2_Change();
+    /// Draws the example from scratch with the present settings.
+    void DrawExample(OnBadAngle onBadAngle = OnBadAngle::Report);
+
+    void Text1_Change() { redraw(); }
+    void Text2_Change() { DrawExample(); }
     void Text2_Click() { DrawExample(); }
+    void Text2_Scroll() { redraw(); }
     /// Replaces a character code that the angle must not hold by 0.
     static void Text2_KeyPress(std::int16_t& keyAscii);
     void Slider1_Change();
@@ -51,7 +53,7 @@ public:
     void reject() override;
 
 protected:
-    /// Return in a box to choose from takes what was typed there and leaves the dialog open.
+    /// Return in a field takes what was typed there and leaves the dialog open.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -60,21 +62,24 @@ private:
     void connectHandlers();
     void connectTyping();
 
-    void takeTypedFont();
-    void takeTypedSize();
-    void redrawInNewSize();
+    /// Takes over a font and a size that were typed and not chosen.
+    void takeTyped();
+    void takeFont();
+    void takeSize();
+    /// DrawExample() for what has nothing to do with the angle, or comes again and again: nobody wants to be
+    /// told of a bad angle for each letter of the text and each step of the slider.
+    void redraw() { DrawExample(OnBadAngle::StayQuiet); }
     /// Reads depth and angle; false where this drawing ends here.
-    bool readExtrusion();
+    bool readExtrusion(OnBadAngle onBadAngle);
+    void reportBadAngle();
     void replaceAngle(const QString& text);
     void shareFont(const std::function<void(QFont& font)>& change);
     void showStyle();
-    void chooseColour(ColourBox& box, const QString& handler, const std::function<void(Colour colour)>& take);
 
     Handover& m_handover;
     WizardMemory& m_memory;
-    Dialogs& m_dialogs;
-    CommonDialog CommonDialog1;
-    double m_points = 0; // the size that the example is printed in
+    double m_points = 0;      // the size that the example is printed in
+    bool m_reporting = false; // a bad angle, right now
 };
 
 } // namespace ovrano

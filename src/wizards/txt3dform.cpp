@@ -2,10 +2,10 @@
 
 #include "platform/controls.h"
 #include "platform/fontbox.h"
+#include "wizards/formparts.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,7 +24,6 @@ constexpr Colour InitialColour3D = rgb(160, 184, 208);
 
 // Pixels.
 constexpr int StyleButtonSide = 30;
-constexpr int MoreButtonWidth = 30;
 constexpr int Spacing = 6;
 
 constexpr int FontCharacters = 12;
@@ -36,25 +35,6 @@ std::array<QPushButton*, 5> styleButtons(QWidget* parent) {
         buttons.at(i)->setObjectName(QStringLiteral("Command3(%1)").arg(i));
     }
     return buttons;
-}
-
-QGroupBox* frame(const char* name, const QString& caption, QWidget* parent) {
-    return named(new QGroupBox(caption, parent), name);
-}
-
-QPushButton* moreButton(const char* name, const QString& toolTip, QWidget* parent) {
-    auto* button = named(new QPushButton(QStringLiteral("..."), parent), name, toolTip);
-    button->setToolTip(toolTip);
-    button->setFixedWidth(MoreButtonWidth);
-    return button;
-}
-
-ColourBox* colourLabel(const char* name, const QString& caption, Colour colour, QWidget* parent) {
-    auto* label = new ColourBox(QLatin1String(name), colour, parent);
-    label->setText(caption);
-    label->setAlignment(Qt::AlignCenter);
-    label->setMargin(3);
-    return label;
 }
 
 /// A pressed look that can be told in a dark theme, too.
@@ -74,61 +54,39 @@ void keepNarrow(QComboBox& box) {
     box.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-/// A layout with the same small margins in every frame.
-template<typename Layout>
-Layout* inside(QGroupBox& box) {
-    auto* layout = new Layout(&box);
-    layout->setContentsMargins(Spacing, Spacing, Spacing, Spacing);
-    layout->setSpacing(Spacing);
-    return layout;
-}
-
-/// What the window manager puts around this window, as far as a window that is already shown can tell.
-QMargins windowFrame(const QWidget* shown) {
-    if (!shown)
-        return {};
-    const QRect inner = shown->window()->geometry();
-    const QRect outer = shown->window()->frameGeometry();
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
-}
-
 } // namespace
 
-Txt3DForm::Txt3DForm(QWidget* parent)
-    : QDialog(parent)
-    , ExamplePic(QStringLiteral("ExamplePic"), InitialPicture)
-    , Frame3(frame("Frame3", QStringLiteral("Entrez votre texte ici "), this))
+Txt3DForm::Txt3DForm(Dialogs& dialogs, QWidget* parent)
+    : PictureDialog(QStringLiteral("ExamplePic"), InitialPicture, dialogs, parent)
+    , ExamplePic(m_picture)
+    , Frame3(groupFrame("Frame3", QStringLiteral("Entrez votre texte ici "), this))
     , Text1(named(new QLineEdit(QStringLiteral("Votre texte"), this), "Text1", QStringLiteral("Texte")))
-    , Frame1(frame("Frame1", QStringLiteral("Police"), this))
+    , Frame1(groupFrame("Frame1", QStringLiteral("Police"), this))
     , Combo1(named(new QComboBox(this), "Combo1", QStringLiteral("Police")))
-    , Frame2(frame("Frame2", QStringLiteral("Taille"), this))
+    , Frame2(groupFrame("Frame2", QStringLiteral("Taille"), this))
     , Combo2(named(new QComboBox(this), "Combo2", QStringLiteral("Taille")))
-    , Frame4(frame("Frame4", QStringLiteral("Style "), this))
+    , Frame4(groupFrame("Frame4", QStringLiteral("Style "), this))
     , Command3(styleButtons(this))
-    , Frame7(frame("Frame7", QStringLiteral("Effet 3D "), this))
+    , Frame7(groupFrame("Frame7", QStringLiteral("Effet 3D "), this))
     , Check1(named(new QCheckBox(QStringLiteral("Contour"), this), "Check1"))
     , Check2(named(new QCheckBox(QStringLiteral("Effet 3D"), this), "Check2"))
     , Check3(named(new QCheckBox(QStringLiteral("Relief"), this), "Check3"))
-    , Frame5(frame("Frame5", QStringLiteral("Profondeur  3D"), this))
+    , Frame5(groupFrame("Frame5", QStringLiteral("Profondeur  3D"), this))
     , Slider1(named(new QSlider(Qt::Horizontal, this), "Slider1", QStringLiteral("Profondeur 3D")))
     , lblDepth(named(new QLabel(this), "lblDepth"))
     , Label2(named(new QLabel(QStringLiteral("Angle 3D inclinaison :"), this), "Label2"))
     , Text2(named(new QComboBox(this), "Text2", QStringLiteral("Angle 3D inclinaison, en degrés")))
-    , Frame8(frame("Frame8", QStringLiteral("Couleurs "), this))
-    , LblCoulT(colourLabel("LblCoulT", QStringLiteral("Couleur du Texte"), InitialTextColour, this))
-    , LblCoul3D(colourLabel("LblCoul3D", QStringLiteral("Couleur 3D"), InitialColour3D, this))
-    , LblFond(colourLabel("LblFond", QStringLiteral("Couleur de fond"), White, this))
+    , Frame8(groupFrame("Frame8", QStringLiteral("Couleurs "), this))
+    , LblCoulT(captionedColour("LblCoulT", QStringLiteral("Couleur du Texte"), InitialTextColour, this))
+    , LblCoul3D(captionedColour("LblCoul3D", QStringLiteral("Couleur 3D"), InitialColour3D, this))
+    , LblFond(captionedColour("LblFond", QStringLiteral("Couleur de fond"), White, this))
     , Command4(moreButton("Command4", QStringLiteral("Changer la couleur du texte"), this))
     , Command5(moreButton("Command5", QStringLiteral("Changer la couleur 3D"), this))
     , Command6(moreButton("Command6", QStringLiteral("Changer la couleur de fond"), this))
-    , Frame6(new ExampleFrame(QStringLiteral("Frame6"), ExamplePic, this))
-    , lblExampleSize(named(new QLabel(this), "lblExampleSize"))
     , Command1(named(new QPushButton(QStringLiteral("&Appliquer"), this), "Command1"))
     , Command2(named(new QPushButton(QStringLiteral("Annuler"), this), "Command2")) {
     setObjectName(QStringLiteral("Txt3D"));
     setWindowTitle(QStringLiteral("Texte 3D avec 2 couleurs"));
-    setSizeGripEnabled(true);
     setUpStyleButtons();
     setUpDepth();
     setUpColours();
@@ -180,19 +138,20 @@ void Txt3DForm::setUpFont() {
 }
 
 void Txt3DForm::setUpColours() {
-    for (ColourBox* box : {LblCoulT, LblCoul3D, LblFond})
-        box->keepCaptionReadable();
     ExamplePic.setBackColor(LblFond->BackColor());
     Frame6->picture->setAccessibleName(QStringLiteral("Exemple"));
     Command1->setToolTip(QStringLiteral("Appliquer les sélections"));
-    Command1->setDefault(true);
+    // Return in a field takes what was typed there and presses no button.
+    auto* nothing = named(new QPushButton(this), "cmdNothing", QStringLiteral("Aucune action"));
+    nothing->setDefault(true);
+    nothing->hide();
 }
 
 void Txt3DForm::arrange() {
-    inside<QVBoxLayout>(*Frame3)->addWidget(Text1);
-    inside<QVBoxLayout>(*Frame1)->addWidget(Combo1);
-    inside<QVBoxLayout>(*Frame2)->addWidget(Combo2);
-    auto* style = inside<QHBoxLayout>(*Frame4);
+    insetLayout<QVBoxLayout>(*Frame3)->addWidget(Text1);
+    insetLayout<QVBoxLayout>(*Frame1)->addWidget(Combo1);
+    insetLayout<QVBoxLayout>(*Frame2)->addWidget(Combo2);
+    auto* style = insetLayout<QHBoxLayout>(*Frame4);
     for (QPushButton* button : Command3)
         style->addWidget(button);
 
@@ -214,7 +173,7 @@ QLayout* Txt3DForm::textRow() {
 }
 
 QLayout* Txt3DForm::effectRow() {
-    auto* effect = inside<QVBoxLayout>(*Frame7);
+    auto* effect = insetLayout<QVBoxLayout>(*Frame7);
     for (QCheckBox* box : {Check1, Check2, Check3})
         effect->addWidget(box);
 
@@ -224,11 +183,11 @@ QLayout* Txt3DForm::effectRow() {
     auto* angle = new QHBoxLayout;
     angle->addWidget(Label2, 1);
     angle->addWidget(Text2);
-    auto* depth = inside<QVBoxLayout>(*Frame5);
+    auto* depth = insetLayout<QVBoxLayout>(*Frame5);
     depth->addLayout(slider);
     depth->addLayout(angle);
 
-    auto* colours = inside<QGridLayout>(*Frame8);
+    auto* colours = insetLayout<QGridLayout>(*Frame8);
     int line = 0;
     for (const auto& [box, button] :
          {std::pair(LblCoulT, Command4), std::pair(LblCoul3D, Command5), std::pair(LblFond, Command6)}) {
@@ -245,25 +204,17 @@ QLayout* Txt3DForm::effectRow() {
 
 QLayout* Txt3DForm::bottomRow() {
     auto* row = new QHBoxLayout;
-    row->addWidget(lblExampleSize, 1);
+    row->addWidget(lblPictureSize, 1);
     row->addWidget(Command1);
     row->addWidget(Command2);
     return row;
 }
 
-void Txt3DForm::placeInCorner() {
-    const QRect screenArea = screen()->availableGeometry();
-    const QMargins around = windowFrame(parentWidget());
-    resize(sizeHint().boundedTo(screenArea.marginsRemoved(around).size()));
-    const QSize outer = size().grownBy(around);
-    move(screenArea.x() + screenArea.width() - outer.width(),
-         screenArea.y() + screenArea.height() - outer.height());
-}
-
-void Txt3DForm::showPictureSize() {
-    const QSize size = ExamplePic.innerSize();
-    lblExampleSize->setText(
-        QStringLiteral("Nouvelle image : %1 × %2 pixels").arg(size.width()).arg(size.height()));
+void Txt3DForm::placeOnScreen() {
+    PictureDialog::placeOnScreen();
+    const QRect room = roomOnScreen();
+    const QPoint outside = isVisible() ? geometry().topLeft() - pos() : QPoint();
+    move(room.right() + 1 - width() - outside.x(), room.bottom() + 1 - height() - outside.y());
 }
 
 } // namespace ovrano

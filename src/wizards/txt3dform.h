@@ -1,14 +1,10 @@
 #pragma once
 
-#include "platform/colourbox.h"
-#include "platform/surface.h"
-#include "wizards/exampleframe.h"
+#include "wizards/picturedialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -23,14 +19,14 @@ enum TextStyleButton { BoldButton, ItalicButton, UnderlineButton, NormalButton, 
 
 /// The controls of the two-colour text and their places, with what they show at first. The lists of fonts,
 /// sizes and angles are empty.
-class Txt3DForm : public QDialog {
+class Txt3DForm : public PictureDialog {
     Q_OBJECT
 
 public:
-    explicit Txt3DForm(QWidget* parent = nullptr);
+    explicit Txt3DForm(Dialogs& dialogs, QWidget* parent = nullptr);
 
     /// The picture that is composed; its size is that of the new image.
-    Surface ExamplePic;
+    Surface& ExamplePic;
 
     QGroupBox* const Frame3;
     QLineEdit* const Text1; // the text
@@ -57,15 +53,12 @@ public:
     QPushButton* const Command4; // colour of the text
     QPushButton* const Command5; // colour behind it
     QPushButton* const Command6; // colour of the background
-    ExampleFrame* const Frame6;
-    QLabel* const lblExampleSize;
     QPushButton* const Command1; // apply
     QPushButton* const Command2; // cancel
 
 protected:
-    /// As large as wanted, within the screen, and into its lower right corner.
-    void placeInCorner();
-    void showPictureSize();
+    /// Into the lower right corner.
+    void placeOnScreen() override;
 
 private:
     void setUpStyleButtons();

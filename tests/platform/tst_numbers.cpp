@@ -20,6 +20,8 @@ private Q_SLOTS:
     void readsTheNumberAtTheStartOfAText_data();
     void readsTheNumberAtTheStartOfAText();
     void wholeNumberOfAText();
+    void pixelOfACoordinate();
+    void singlePrecision();
     void keyFilterLetsDigitsAndBackspaceThrough();
 };
 
@@ -97,6 +99,36 @@ void TestNumbers::wholeNumberOfAText() {
     QCOMPARE(integerValue(QStringLiteral("2.5")), std::int16_t(2));
     QCOMPARE(integerValue(QStringLiteral("abc")), std::int16_t(0));
     QVERIFY_THROWS_EXCEPTION(RuntimeError, integerValue(QStringLiteral("99999")));
+}
+
+void TestNumbers::pixelOfACoordinate() {
+    constexpr double Infinite = std::numeric_limits<double>::infinity();
+    QCOMPARE(pixelOf(2.5), 2);
+    QCOMPARE(pixelOf(3.5), 4);
+    QCOMPARE(pixelOf(-0.6), -1);
+    QCOMPARE(pixelOf(32'767.4), 32'767);
+    for (const double far : {1e9, 1e300, Infinite}) {
+        QCOMPARE(pixelOf(far), 1 << 28);
+        QCOMPARE(pixelOf(-far), -(1 << 28));
+    }
+    QCOMPARE(pixelOf(std::numeric_limits<double>::quiet_NaN()), 0);
+}
+
+void TestNumbers::singlePrecision() {
+    QCOMPARE(toSingle(0.1), 0.1F);
+    QCOMPARE(toSingle(-3.4e38), -3.4e38F);
+    for (const double outside : {3.5e38, -1e300, std::numeric_limits<double>::infinity(),
+                                 std::numeric_limits<double>::quiet_NaN()}) {
+        try {
+            toSingle(outside);
+            QFAIL("no overflow");
+        } catch (const RuntimeError& caught) {
+            QCOMPARE(caught.number(), error::Overflow);
+        }
+    }
+    QCOMPARE(singleValue(QStringLiteral("77.25 px")), 77.25F);
+    QCOMPARE(singleValue(QStringLiteral("abc")), 0.0F);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, singleValue(QStringLiteral("1e39")));
 }
 
 void TestNumbers::keyFilterLetsDigitsAndBackspaceThrough() {

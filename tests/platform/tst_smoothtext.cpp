@@ -1,10 +1,11 @@
-#include "platform/coverage.h"
-#include "platform/surface.h"
-#include "platform/textmask.h"
+#include "platform/runtimeerror.h"
+#include "platform/smoothprint.h"
 
 #include <QFontMetrics>
 #include <QSet>
 #include <QtTest>
+
+#include <limits>
 
 using namespace ovrano;
 
@@ -14,14 +15,6 @@ constexpr Colour Ink = rgb(0, 64, 128);
 
 QFont sans(double points, const TextStyle& style = {}) {
     return smoothTextFont(QStringLiteral("Liberation Sans"), points, style);
-}
-
-void printAt(Surface& surface, const QFont& font, const QString& text, int x, int y, Colour colour) {
-    surface.setFont(font);
-    surface.setForeColor(colour);
-    surface.setCurrentX(x);
-    surface.setCurrentY(y);
-    surface.Print(text);
 }
 
 QSet<Colour> coloursOf(const Surface& surface) {
@@ -47,21 +40,21 @@ class SmoothTextTest : public QObject {
 
 private Q_SLOTS:
     void edgesAreSoft();
-    void unsmoothedFontsKeepTwoColours();
-    void printsWhereTheMaskSays();
-    void positionMovesToTheNextLine();
     void sizeDependsOn96DotsPerInch();
+    void sizeIsRoundedHalvesToEven();
+    void sizeHasBounds();
     void styleIsTaken();
     void partOutsideIsCut();
     void emptyTextLeavesNothing();
     void maskKeepsTheInkAlone();
     void windowCutsTheMask();
-    void printedOncePerText();
+    void veryLongTextIsMeasuredAndDrawn();
+    void windowTooLargeForMemory();
 };
 
 void SmoothTextTest::edgesAreSoft() {
     Surface surface(QStringLiteral("s"), QSize(200, 90));
-    printAt(surface, sans(48), QStringLiteral("Sé"), 5, 5, Ink);
+    printSmooth(surface, sans(48), QStringLiteral("Sé"), QPoint(5, 5), Ink);
     const QSet<Colour> colours = coloursOf(surface);
     QVERIFY(colours.contains(White));
     QVERIFY(colours.contains(Ink));
@@ -69,35 +62,6 @@ void SmoothTextTest::edgesAreSoft() {
     // No coloured fringes: between white and the ink all channels go the same way.
     for (const Colour colour : colours)
         QVERIFY(redOf(colour) <= greenOf(colour) && greenOf(colour) <= blueOf(colour));
-}
-
-void SmoothTextTest::unsmoothedFontsKeepTwoColours() {
-    Surface surface(QStringLiteral("s"), QSize(200, 90));
-    printAt(surface, textFont(QStringLiteral("Liberation Sans"), 48, false, false), QStringLiteral("Sé"), 5,
-            5, Ink);
-    QCOMPARE(coloursOf(surface), QSet<Colour>({White, Ink}));
-    QVERIFY(!isSmooth(surface.Font()));
-    QVERIFY(!isSmooth(QFont()));
-    QVERIFY(isSmooth(sans(48)));
-}
-
-void SmoothTextTest::printsWhereTheMaskSays() {
-    Surface surface(QStringLiteral("s"), QSize(200, 90));
-    printAt(surface, sans(40, {.italic = true}), QStringLiteral("fg"), 11, 7, Ink);
-    const SmoothTextMask mask(surface.Font(), QStringLiteral("fg"), QRect(-50, -50, 300, 300));
-    Surface blended(QStringLiteral("b"), QSize(200, 90));
-    blendCoverage(blended, mask.coverage(), QPoint(11, 7) + mask.ink().topLeft(), Ink);
-    QCOMPARE(surface.Image(), blended.Image());
-    QVERIFY(coloursOf(surface).size() > 20);
-}
-
-void SmoothTextTest::positionMovesToTheNextLine() {
-    Surface surface(QStringLiteral("s"), QSize(200, 90));
-    printAt(surface, sans(20), QStringLiteral("Texte"), 11, 7, Ink);
-    QCOMPARE(surface.CurrentX(), 0.0);
-    QCOMPARE(surface.CurrentY(), 7.0 + QFontMetrics(surface.Font()).height());
-    QCOMPARE(surface.TextWidth(QStringLiteral("Texte")),
-             double(QFontMetrics(surface.Font()).horizontalAdvance(QStringLiteral("Texte"))));
 }
 
 void SmoothTextTest::sizeDependsOn96DotsPerInch() {
@@ -109,6 +73,20 @@ void SmoothTextTest::sizeDependsOn96DotsPerInch() {
     QCOMPARE(sans(24).hintingPreference(), QFont::PreferFullHinting);
 }
 
+void SmoothTextTest::sizeIsRoundedHalvesToEven() {
+    QCOMPARE(textPixelSize(7.875), 10); // 10.5
+    QCOMPARE(textPixelSize(8.625), 12); // 11.5
+    QCOMPARE(textPixelSize(7.88), 11);
+}
+
+void SmoothTextTest::sizeHasBounds() {
+    constexpr double Infinite = std::numeric_limits<double>::infinity();
+    for (const double huge : {1e6, 1e300, Infinite})
+        QCOMPARE(textPixelSize(huge), 13'333);
+    for (const double none : {-1e300, -Infinite, std::numeric_limits<double>::quiet_NaN()})
+        QCOMPARE(textPixelSize(none), 1);
+}
+
 void SmoothTextTest::styleIsTaken() {
     const QFont all = sans(24, {.bold = true, .italic = true, .underline = true, .strikeOut = true});
     QVERIFY(all.bold() && all.italic() && all.underline() && all.strikeOut());
@@ -116,30 +94,30 @@ void SmoothTextTest::styleIsTaken() {
     QVERIFY(!none.bold() && !none.italic() && !none.underline() && !none.strikeOut());
 
     Surface plain(QStringLiteral("p"), QSize(200, 90));
-    printAt(plain, sans(48), QStringLiteral("nn"), 5, 5, Ink);
+    printSmooth(plain, sans(48), QStringLiteral("nn"), QPoint(5, 5), Ink);
     Surface lined(QStringLiteral("l"), QSize(200, 90));
-    printAt(lined, sans(48, {.underline = true}), QStringLiteral("nn"), 5, 5, Ink);
+    printSmooth(lined, sans(48, {.underline = true}), QStringLiteral("nn"), QPoint(5, 5), Ink);
     const int below = 5 + QFontMetrics(sans(48)).ascent() + QFontMetrics(sans(48)).underlinePos();
     QCOMPARE(inkInRow(plain, below), 0);
-    QVERIFY(inkInRow(lined, below) >= int(lined.TextWidth(QStringLiteral("nn"))) - 1);
+    QVERIFY(inkInRow(lined, below) >= QFontMetrics(sans(48)).horizontalAdvance(QStringLiteral("nn")) - 1);
 }
 
 void SmoothTextTest::partOutsideIsCut() {
     Surface whole(QStringLiteral("w"), QSize(300, 120));
-    printAt(whole, sans(60), QStringLiteral("Texte"), 40, 20, Ink);
+    printSmooth(whole, sans(60), QStringLiteral("Texte"), QPoint(40, 20), Ink);
     Surface part(QStringLiteral("p"), QSize(90, 50));
-    printAt(part, sans(60), QStringLiteral("Texte"), -20, -20, Ink); // 60 to the left, 40 up
+    printSmooth(part, sans(60), QStringLiteral("Texte"), QPoint(-20, -20), Ink); // 60 to the left, 40 up
     QCOMPARE(part.Image(), Raster::fromImage(whole.Image().toImage(QRect(60, 40, 90, 50))));
-    printAt(part, sans(60), QStringLiteral("Texte"), 5000, -5000, Ink);
+    printSmooth(part, sans(60), QStringLiteral("Texte"), QPoint(5000, -5000), Ink);
     Surface empty(QStringLiteral("e"));
-    printAt(empty, sans(60), QStringLiteral("Texte"), 0, 0, Ink);
+    printSmooth(empty, sans(60), QStringLiteral("Texte"), QPoint(0, 0), Ink);
     QVERIFY(empty.Image().isEmpty());
 }
 
 void SmoothTextTest::emptyTextLeavesNothing() {
     Surface surface(QStringLiteral("s"), QSize(50, 50));
-    printAt(surface, sans(30), QString(), 5, 5, Ink);
-    printAt(surface, sans(30), QStringLiteral("   "), 5, 5, Ink);
+    printSmooth(surface, sans(30), QString(), QPoint(5, 5), Ink);
+    printSmooth(surface, sans(30), QStringLiteral("   "), QPoint(5, 5), Ink);
     QCOMPARE(coloursOf(surface), QSet<Colour>({White}));
     QVERIFY(SmoothTextMask(sans(30), QStringLiteral(" "), QRect(0, 0, 50, 50)).ink().isEmpty());
 }
@@ -176,13 +154,32 @@ void SmoothTextTest::windowCutsTheMask() {
     QVERIFY(SmoothTextMask(sans(40), QStringLiteral("Mg"), QRect()).ink().isEmpty());
 }
 
-void SmoothTextTest::printedOncePerText() {
-    SmoothTextMaskCache cache;
-    for (int offset = 0; offset < 10; ++offset)
-        cache.mask(sans(30), QStringLiteral("Texte"), QRect(0, 0, 200, 60).translated(-offset, -offset));
-    QCOMPARE(cache.misses(), 1);
-    cache.mask(sans(30, {.underline = true}), QStringLiteral("Texte"), QRect(0, 0, 200, 60));
-    QCOMPARE(cache.misses(), 2);
+void SmoothTextTest::veryLongTextIsMeasuredAndDrawn() {
+    // As long as a field can hold, in letters so wide that the length in 64ths of a pixel exceeds 32 bits.
+    const QString text(32'767, QLatin1Char('W'));
+    QVERIFY(textExtent(sans(999), text).width() > 1'000'000);
+    Surface surface(QStringLiteral("s"), QSize(300, 200));
+    printSmooth(surface, sans(999), text, QPoint(-20'000, -600), Ink);
+    QVERIFY(coloursOf(surface).contains(Ink));
+    // What can be seen is what a shorter text shows.
+    Surface shorter(QStringLiteral("t"), QSize(300, 200));
+    printSmooth(shorter, sans(999), text.left(40), QPoint(-20'000, -600), Ink);
+    QCOMPARE(surface.Image(), shorter.Image());
+}
+
+void SmoothTextTest::windowTooLargeForMemory() {
+    constexpr QRect Huge(0, 0, 1 << 24, 1 << 24);
+    for (const bool smooth : {true, false}) {
+        try {
+            if (smooth)
+                SmoothTextMask(sans(20), QStringLiteral("a"), Huge);
+            else
+                TextMask(sans(20), QStringLiteral("a"), Huge);
+            QFAIL("nothing was thrown");
+        } catch (const RuntimeError& caught) {
+            QCOMPARE(caught.number(), error::OutOfMemory);
+        }
+    }
 }
 
 QTEST_MAIN(SmoothTextTest)

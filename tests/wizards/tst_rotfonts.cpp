@@ -1,6 +1,7 @@
 #include "platform/numbers.h"
 #include "platform/screen.h"
 #include "wizards/rotfontsbench.h"
+#include "wizards/screenofsize.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void halfPixelOfTheCentreIsRoundedToTheEvenOne();
 
     void drawsWithTheSettings();
+    void largestSizeIs999Points();
     void badNumbersNeverFail_data();
     void badNumbersNeverFail();
     void numbersAreReadAsFarAsTheyGo();
@@ -192,11 +194,11 @@ void RotFontsTest::captionsCanBeReadOnEveryColour() {
 void RotFontsTest::pictureGrowsWithTheWindow() {
     RotFontsBench bench;
     bench.open();
-    QCOMPARE(bench.dialog.lblPictureSize->text(), QStringLiteral("L=420  H=420"));
+    QCOMPARE(bench.dialog.lblPictureSize->text(), QStringLiteral("Nouvelle image : 420 × 420 pixels"));
     bench.enlarge(QSize(101, 50));
     QCOMPARE(bench.preview().innerSize(), QSize(521, 470));
     QCOMPARE(bench.dialog.Frame6->picture->size(), QSize(521, 470));
-    QCOMPARE(bench.dialog.lblPictureSize->text(), QStringLiteral("L=521  H=470"));
+    QCOMPARE(bench.dialog.lblPictureSize->text(), QStringLiteral("Nouvelle image : 521 × 470 pixels"));
     QCOMPARE(bench.dialog.TxtCX->text(), QStringLiteral("210"));
     QVERIFY(!bench.isBlank());
 }
@@ -261,6 +263,18 @@ void RotFontsTest::drawsWithTheSettings() {
 
     d.Command1->click(); // draws over nothing that was there
     QCOMPARE(d.Picture1.Image(), expected.Image());
+}
+
+void RotFontsTest::largestSizeIs999Points() {
+    RotFontsBench bench;
+    for (const char* size : {"999", "1000", "1e9", "1e999"}) {
+        bench.dialog.txtSize->setEditText(QLatin1String(size));
+        bench.dialog.Command1_Click();
+        QCOMPARE(bench.preview().Font().pixelSize(), 1332);
+    }
+    bench.dialog.txtSize->setEditText(QStringLiteral("7.875"));
+    bench.dialog.Command1_Click();
+    QCOMPARE(bench.preview().Font().pixelSize(), 10); // 10.5
 }
 
 void RotFontsTest::badNumbersNeverFail_data() {
@@ -332,5 +346,8 @@ void RotFontsTest::waitForWaits() {
     QVERIFY(timer.elapsed() < 100);
 }
 
-QTEST_MAIN(RotFontsTest)
+int main(int argc, char** argv) {
+    return runOnScreen<RotFontsTest>(QSize(1366, 768), argc, argv);
+}
+
 #include "tst_rotfonts.moc"

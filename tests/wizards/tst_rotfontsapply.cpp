@@ -1,5 +1,6 @@
 #include "document/filetools.h"
 #include "wizards/rotfontsbench.h"
+#include "wizards/screenofsize.h"
 #include "wizards/temporarybmp.h"
 
 #include <QTest>
@@ -11,6 +12,8 @@ class RotFontsApplyTest : public QObject {
 
 private Q_SLOTS:
     void previewBecomesTheWorkPicture();
+    void largeLettersAreThoseOfThePreview_data();
+    void largeLettersAreThoseOfThePreview();
     void companionsFollow();
     void undrawnSettingsAreApplied();
     void settingsOfAnEarlierPictureAreGone();
@@ -49,6 +52,24 @@ void RotFontsApplyTest::previewBecomesTheWorkPicture() {
     QCOMPARE(bench.dialog.result(), int(QDialog::Accepted));
     QVERIFY(!bench.dialog.isVisible());
     QVERIFY(bench.dialogs.messages.isEmpty());
+}
+
+void RotFontsApplyTest::largeLettersAreThoseOfThePreview_data() {
+    QTest::addColumn<QString>("size");
+    for (const char* size : {"100", "180", "400", "999"})
+        QTest::newRow(size) << QString::fromLatin1(size);
+}
+
+void RotFontsApplyTest::largeLettersAreThoseOfThePreview() {
+    QFETCH(const QString, size);
+    RotFontsBench bench;
+    bench.open();
+    bench.dialog.txtSize->setEditText(size);
+    bench.dialog.Text1->setText(QStringLiteral("A.b-Été"));
+    bench.dialog.Command3->click();
+    QVERIFY(!bench.isBlank());
+    QCOMPARE(bench.work.picDisp.Image(), bench.preview().Image());
+    QCOMPARE(bench.work.picUndo.Image(), bench.preview().Image());
 }
 
 void RotFontsApplyTest::companionsFollow() {
@@ -270,5 +291,8 @@ void RotFontsApplyTest::closingIsCancelling() {
     QCOMPARE(bench.work.picDisp.Image(), before);
 }
 
-QTEST_MAIN(RotFontsApplyTest)
+int main(int argc, char** argv) {
+    return runOnScreen<RotFontsApplyTest>(QSize(1366, 768), argc, argv);
+}
+
 #include "tst_rotfontsapply.moc"

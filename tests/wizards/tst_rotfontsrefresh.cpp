@@ -2,9 +2,13 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
+#include <QElapsedTimer>
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTest>
+
+#include <memory>
 
 using namespace ovrano;
 
@@ -60,6 +64,9 @@ private Q_SLOTS:
     void clickingACoordinateDrawsOnlyWhenAutomatic_data() { fieldRows({"TxtCX", "TxtCY"}); }
     void clickingACoordinateDrawsOnlyWhenAutomatic();
     void clickingTheTextDrawsNothing();
+    void otherMouseButtonsDrawNothing();
+    void leavingTheDialogDrawsNothing();
+    void manyFontsOpenAtOnce();
     void tickingTheBoxAloneDrawsNothing();
     void typedDigitsStayAsTyped();
     void fontIsFoundByTyping();
@@ -166,6 +173,55 @@ void RotFontsRefreshTest::clickingTheTextDrawsNothing() {
     bench.dialog.Check1->setChecked(true);
     bench.dialog.Text1->setFocus();
     QVERIFY(!bench.draws([&] { QTest::mouseClick(bench.dialog.Text1, Qt::LeftButton); }));
+}
+
+void RotFontsRefreshTest::otherMouseButtonsDrawNothing() {
+    RotFontsBench bench;
+    bench.open();
+    bench.dialog.Check1->setChecked(true);
+    bench.dialog.TxtCX->setFocus();
+    QGuiApplication::clipboard()->clear();
+    QVERIFY(!bench.draws([&] { QTest::mouseClick(bench.dialog.TxtCX, Qt::MiddleButton); }));
+}
+
+void RotFontsRefreshTest::leavingTheDialogDrawsNothing() {
+    const auto typeSize = [](RotFonts& dialog) {
+        dialog.Check1->setChecked(true);
+        dialog.txtSize->setFocus();
+        dialog.txtSize->lineEdit()->selectAll();
+        QTest::keyClicks(dialog.txtSize, QStringLiteral("14"));
+    };
+    RotFontsBench bench;
+    bench.open();
+    typeSize(bench.dialog);
+    QVERIFY(!bench.draws([&] { QTest::keyClick(bench.dialog.txtSize, Qt::Key_Escape); }));
+    QVERIFY(!bench.dialog.isVisible());
+
+    auto dialog =
+        std::make_unique<RotFonts>(bench.handover, bench.memory, bench.dialogs, bench.folder.path());
+    dialog->show();
+    dialog->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
+    typeSize(*dialog);
+    int drawings = 0;
+    connect(&dialog->Picture1, &Surface::changed, this, [&] { ++drawings; });
+    dialog.reset(); // the field loses the keyboard meanwhile
+    QCOMPARE(drawings, 0);
+}
+
+void RotFontsRefreshTest::manyFontsOpenAtOnce() {
+    RotFontsBench bench;
+    bench.open();
+    QComboBox& box = *bench.dialog.txtFont;
+    const int width = bench.dialog.sizeHint().width();
+    for (int font = 0; font < 1000; ++font)
+        box.addItem(QStringLiteral("Police %1 d'un très long nom").arg(font));
+    QElapsedTimer timer;
+    timer.start();
+    openList(box);
+    QVERIFY2(timer.elapsed() < 500, qPrintable(QString::number(timer.elapsed())));
+    closeList(box);
+    QCOMPARE(bench.dialog.sizeHint().width(), width);
 }
 
 void RotFontsRefreshTest::tickingTheBoxAloneDrawsNothing() {

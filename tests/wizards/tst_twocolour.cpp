@@ -1,4 +1,4 @@
-#include "platform/textmask.h"
+#include "platform/smoothprint.h"
 #include "wizards/twocolourtext.h"
 
 #include <QtTest>
@@ -21,12 +21,11 @@ constexpr double ExactTolerance = 2;
 /// The plain way: one print after the other. Each of them rounds every channel, which a thin edge under many
 /// layers feels.
 void printOneByOne(Surface& surface, const QString& text, const std::vector<TextPrint>& prints) {
-    for (const TextPrint& print : prints) {
-        surface.setCurrentX(static_cast<double>(print.x));
-        surface.setCurrentY(static_cast<double>(print.y));
-        surface.setForeColor(print.colour);
-        surface.Print(text);
-    }
+    for (const TextPrint& print : prints)
+        printSmooth(
+            surface, surface.Font(), text,
+            QPoint(static_cast<int>(std::nearbyint(print.x)), static_cast<int>(std::nearbyint(print.y))),
+            print.colour);
 }
 
 /// One channel of a surface, layer by layer without any rounding in between.
@@ -108,7 +107,7 @@ private Q_SLOTS:
     void manyDigits();
     void agreesWithSinglePrints_data();
     void agreesWithSinglePrints();
-    void positionsRoundAsPrintDoes();
+    void positionsRoundHalvesToEven();
     void faceComesLast();
     void nothingToPrint();
     void textBeyondTheSurface();
@@ -262,7 +261,7 @@ void TwoColourTest::agreesWithSinglePrints() {
     }
 }
 
-void TwoColourTest::positionsRoundAsPrintDoes() {
+void TwoColourTest::positionsRoundHalvesToEven() {
     const QFont font = smoothTextFont(QStringLiteral("Liberation Sans"), 20);
     for (const float x : {14.5F, 15.5F, 15.49F, -3.5F, -2.5F}) {
         Surface fast(QStringLiteral("fast"), QSize(90, 60));

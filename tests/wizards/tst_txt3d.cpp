@@ -48,6 +48,7 @@ private Q_SLOTS:
     void coloursAreChosen();
     void cancelledColourChangesNothing();
     void manyCharacters();
+    void manyVeryLargeCharacters();
     void charactersThatTheFontLacks();
 };
 
@@ -58,7 +59,7 @@ void Txt3DTest::stateAtStart() {
     QCOMPARE(dialog.ExamplePic.innerSize(), QSize(560, 220));
     QCOMPARE(dialog.Combo1->currentText(), QStringLiteral("Arial"));
     QCOMPARE(dialog.Text2->currentText(), QStringLiteral("250"));
-    QVERIFY(isSmooth(dialog.ExamplePic.Font()));
+    QVERIFY((dialog.ExamplePic.Font().styleStrategy() & QFont::PreferAntialias) != 0);
     QCOMPARE(dialog.ExamplePic.Font().pixelSize(), textPixelSize(dialog.Combo2->currentText().toDouble()));
     QCOMPARE(bench.shown(), bench.expected({}));
     QVERIFY(!bench.isBlank());
@@ -316,6 +317,19 @@ void Txt3DTest::manyCharacters() {
     bench.dialog->DrawExample();
     QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
     QVERIFY(bench.shown().pixel(559, 40) != White); // filled to the right edge
+}
+
+void Txt3DTest::manyVeryLargeCharacters() {
+    Txt3DBench bench(QStringLiteral("ÉW").repeated(20));
+    bench.dialog->Combo2->setEditText(QStringLiteral("999"));
+    bench.dialog->Combo2_Click();
+    const Raster few = bench.shown();
+    QVERIFY(!bench.isBlank());
+    QElapsedTimer timer;
+    timer.start();
+    bench.dialog->Text1->setText(QStringLiteral("ÉW").repeated(16'383));
+    QCOMPARE(bench.shown(), few);
+    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
 }
 
 void Txt3DTest::charactersThatTheFontLacks() {

@@ -14,7 +14,12 @@ private Q_SLOTS:
     void applyTouchesNeitherUndoNorModification();
     void leavingChangesNothing_data();
     void leavingChangesNothing();
+    void typedFontAndSizeAreTakenFirst_data();
+    void typedFontAndSizeAreTakenFirst();
+    void leavingTakesNothing_data() { leavingChangesNothing_data(); }
+    void leavingTakesNothing();
     void closesWhileAFieldHasTheKeyboard();
+    void picturesFrameGoesBeforeThePicture();
 };
 
 void Txt3DApplyTest::applyHandsThePictureOver() {
@@ -86,13 +91,74 @@ void Txt3DApplyTest::leavingChangesNothing() {
     QCOMPARE(bench.memory.TwoColourText, QStringLiteral("Été"));
 }
 
+void Txt3DApplyTest::typedFontAndSizeAreTakenFirst_data() {
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("size") << "Combo2"
+                          << "33";
+    QTest::newRow("font") << "Combo1"
+                          << "Liberation Mono";
+}
+
+void Txt3DApplyTest::typedFontAndSizeAreTakenFirst() {
+    QFETCH(const QString, box);
+    QFETCH(const QString, typed);
+    Txt3DBench bench;
+    bench.show();
+    const Raster before = bench.shown();
+    auto* field = bench.dialog->findChild<QComboBox*>(box);
+    field->setFocus();
+    field->lineEdit()->selectAll();
+    Txt3DBench::type(typed);
+    QCOMPARE(bench.shown(), before); // not taken yet
+    Txt3DBench::press(Qt::Key_A, Qt::AltModifier);
+    QTRY_COMPARE(bench.dialog->result(), int(QDialog::Accepted));
+    QVERIFY(!(bench.shown() == before));
+    QCOMPARE(bench.work.picDisp.Image(), bench.shown());
+}
+
+void Txt3DApplyTest::leavingTakesNothing() {
+    QFETCH(int, way);
+    Txt3DBench bench;
+    bench.show();
+    bench.dialogs.answer(Answer::Ok);
+    bench.extrude(QStringLiteral("12.5")); // would be reported by each drawing
+    bench.dialog->Combo2->setFocus();
+    bench.dialog->Combo2->lineEdit()->selectAll();
+    Txt3DBench::type(QStringLiteral("33"));
+    const QFont before = bench.work.picDisp.Font();
+    if (way == 0)
+        bench.dialog->Command2->click();
+    else if (way == 1)
+        bench.dialog->close();
+    else
+        Txt3DBench::press(Qt::Key_Escape);
+    QVERIFY(!bench.dialog->isVisible());
+    QCOMPARE(bench.work.picDisp.Font(), before);
+    QCOMPARE(bench.dialogs.messages.size(), 1);
+}
+
 void Txt3DApplyTest::closesWhileAFieldHasTheKeyboard() {
     Txt3DBench bench;
     bench.show();
+    bench.dialogs.answer(Answer::Ok);
+    bench.extrude(QStringLiteral("12.5"));
     bench.dialog->Combo2->setFocus();
     bench.dialog->Combo2->setEditText(QStringLiteral("33"));
+    const QFont before = bench.work.picDisp.Font();
     bench.dialog.reset(); // the field loses the keyboard meanwhile
-    QCOMPARE(bench.work.picDisp.Font().pixelSize(), 44);
+    QCOMPARE(bench.work.picDisp.Font(), before);
+    QCOMPARE(bench.dialogs.messages.size(), 1);
+}
+
+void Txt3DApplyTest::picturesFrameGoesBeforeThePicture() {
+    Txt3DBench bench;
+    QStringList gone;
+    connect(bench.dialog->Frame6, &QObject::destroyed, this, [&] { gone.append(QStringLiteral("frame")); });
+    connect(&bench.dialog->ExamplePic, &QObject::destroyed, this,
+            [&] { gone.append(QStringLiteral("picture")); });
+    bench.dialog.reset();
+    QCOMPARE(gone, QStringList({QStringLiteral("frame"), QStringLiteral("picture")}));
 }
 
 QTEST_MAIN(Txt3DApplyTest)

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void enlargingEnlargesThePicture();
     void shrinkingStopsAtAUsefulSize();
     void enlargedPictureIsAppliedWhole();
-    void returnAppliesFromTheText();
+    void returnInTheTextAppliesNothing();
     void returnInAListTakesWhatIsTyped();
     void leavingAListTakesWhatIsTyped();
     void fontIsFoundByTyping();
@@ -128,8 +128,7 @@ void Txt3DFormTest::standsInTheLowerRightCorner() {
     const Txt3DBench bench;
     bench.show();
     const QRect screen = bench.dialog->screen()->availableGeometry();
-    const QRect outer(bench.dialog->pos(), bench.dialog->size());
-    QCOMPARE(outer.bottomRight(), screen.bottomRight());
+    QCOMPARE(bench.dialog->frameGeometry().bottomRight(), screen.bottomRight());
 }
 
 void Txt3DFormTest::fitsOnASmallScreen() {
@@ -142,12 +141,12 @@ void Txt3DFormTest::enlargingEnlargesThePicture() {
     const Txt3DBench bench;
     bench.show();
     QCOMPARE(bench.dialog->ExamplePic.innerSize(), QSize(560, 220));
-    QCOMPARE(bench.dialog->lblExampleSize->text(), QStringLiteral("Nouvelle image : 560 × 220 pixels"));
+    QCOMPARE(bench.dialog->lblPictureSize->text(), QStringLiteral("Nouvelle image : 560 × 220 pixels"));
     bench.dialog->resize(bench.dialog->size() + QSize(100, 70));
     QCoreApplication::processEvents();
     QCOMPARE(bench.dialog->ExamplePic.innerSize(), QSize(660, 290));
     QCOMPARE(bench.dialog->Frame6->picture->size(), QSize(660, 290));
-    QCOMPARE(bench.dialog->lblExampleSize->text(), QStringLiteral("Nouvelle image : 660 × 290 pixels"));
+    QCOMPARE(bench.dialog->lblPictureSize->text(), QStringLiteral("Nouvelle image : 660 × 290 pixels"));
     QCOMPARE(bench.shown(), bench.expected({}));
 }
 
@@ -173,10 +172,20 @@ void Txt3DFormTest::enlargedPictureIsAppliedWhole() {
     QCOMPARE(bench.work.picMask.innerSize(), QSize(660, 660));
 }
 
-void Txt3DFormTest::returnAppliesFromTheText() {
-    const Txt3DBench bench;
+void Txt3DFormTest::returnInTheTextAppliesNothing() {
+    Txt3DBench bench;
     bench.show();
-    bench.dialog->Text1->setFocus();
+    for (QWidget* field :
+         {static_cast<QWidget*>(bench.dialog->Text1), static_cast<QWidget*>(bench.dialog->Combo1),
+          static_cast<QWidget*>(bench.dialog->Slider1)})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+            field->setFocus();
+            Txt3DBench::press(key);
+            QVERIFY2(bench.dialog->isVisible(), qPrintable(field->objectName()));
+        }
+    QVERIFY(!bench.dialog->Command1->isDefault());
+    // On the button itself it does what the button says.
+    bench.dialog->Command1->setFocus();
     Txt3DBench::press(Qt::Key_Return);
     QVERIFY(!bench.dialog->isVisible());
     QCOMPARE(bench.dialog->result(), int(QDialog::Accepted));

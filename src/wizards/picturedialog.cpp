@@ -1,0 +1,104 @@
+#include "wizards/picturedialog.h"
+
+#include "platform/controls.h"
+#include "platform/errorreporter.h"
+#include "platform/numbers.h"
+
+#include <QEvent>
+#include <QLayout>
+#include <QScreen>
+#include <QShowEvent>
+
+#include <algorithm>
+
+namespace ovrano {
+
+namespace {
+
+constexpr double LargestTypedSize = 999; // points
+
+/// What the window manager puts around a window that is shown; nothing for none.
+QMargins windowFrame(const QWidget* shown) {
+    if (!shown)
+        return {};
+    const QRect inner = shown->window()->geometry();
+    const QRect outer = shown->window()->frameGeometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+} // namespace
+
+PictureDialog::PictureDialog(const QString& pictureName, QSize size, Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent)
+    , m_picture(pictureName, size)
+    , Frame6(new ExampleFrame(QStringLiteral("Frame6"), m_picture, this))
+    , lblPictureSize(named(new QLabel(this), "lblPictureSize"))
+    , m_dialogs(dialogs)
+    , CommonDialog1(dialogs) {
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setSizeGripEnabled(true);
+    showPictureSize();
+    connect(Frame6, &ExampleFrame::pictureResized, this, &PictureDialog::showPictureSize);
+}
+
+PictureDialog::~PictureDialog() {
+    putAway();
+    delete Frame6; // before the surface that it shows
+}
+
+void PictureDialog::putAway() {
+    m_leaving = true;
+    hide();
+}
+
+void PictureDialog::done(int result) {
+    m_leaving = true;
+    QDialog::done(result);
+}
+
+void PictureDialog::showEvent(QShowEvent* event) {
+    if (!event->spontaneous())
+        m_leaving = false;
+    QDialog::showEvent(event);
+}
+
+bool PictureDialog::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && !m_settled) {
+        m_settled = true;
+        placeOnScreen();
+        layout()->activate(); // what the controls have asked for meanwhile
+        Frame6->settle();
+        firstShown();
+    }
+    return QDialog::event(event);
+}
+
+QRect PictureDialog::roomOnScreen() const {
+    return screen()->availableGeometry().marginsRemoved(windowFrame(isVisible() ? this : parentWidget()));
+}
+
+void PictureDialog::placeOnScreen() {
+    resize((isVisible() ? size() : sizeHint()).boundedTo(roomOnScreen().size()));
+}
+
+void PictureDialog::showPictureSize() {
+    const QSize size = m_picture.innerSize();
+    lblPictureSize->setText(
+        QStringLiteral("Nouvelle image : %1 × %2 pixels").arg(size.width()).arg(size.height()));
+}
+
+bool PictureDialog::chooseColour(ColourBox& box, const QString& handler, int flags) {
+    bool chosen = false;
+    trapErrors(m_dialogs, handler, [&] {
+        box.setBackColor(CommonDialog1.AskColour(box.BackColor(), flags));
+        chosen = true;
+    });
+    return chosen;
+}
+
+double typedPoints(const QString& text) {
+    return std::min(numericValue(text), LargestTypedSize);
+}
+
+} // namespace ovrano

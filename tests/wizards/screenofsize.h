@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QApplication>
+#include <QTemporaryFile>
+#include <QTest>
+
+namespace ovrano {
+
+/// Runs a test object on a screen of a size in pixels that exists for it alone.
+template<typename Test>
+int runOnScreen(QSize size, int argc, char** argv) {
+    QTemporaryFile configuration;
+    if (!configuration.open())
+        return 1;
+    configuration.write(QStringLiteral(R"({"screens": [{"name": "only", "x": 0, "y": 0, "width": %1,
+        "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
+                            .arg(size.width())
+                            .arg(size.height())
+                            .toUtf8());
+    configuration.close();
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration.fileName().toUtf8());
+    QApplication app(argc, argv);
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+/// The desktop's font as long as this exists.
+class DesktopFont {
+public:
+    explicit DesktopFont(int points) {
+        QFont font = m_before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+    }
+    Q_DISABLE_COPY_MOVE(DesktopFont)
+    ~DesktopFont() { QApplication::setFont(m_before); }
+
+private:
+    const QFont m_before = QApplication::font();
+};
+
+} // namespace ovrano
