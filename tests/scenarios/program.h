@@ -54,6 +54,16 @@ struct Program {
         }
     }
 
+    /// Lets the moment pass in which a mouse press would still count as aimed at what was shown before a long
+    /// command.
+    static void react() {
+        constexpr int Moment = 100; // milliseconds
+        if (isGuiThread())
+            QTest::qWait(Moment);
+        else
+            QThread::msleep(Moment);
+    }
+
     /// A point of the picture on the screen.
     QPoint at(int x, int y) { return window.view().picDisp->mapToGlobal(QPoint(x, y)); }
     Colour pixel(int x, int y) { return window.work().picDisp.Picture().pixel(x, y); }

@@ -41,6 +41,13 @@ public:
             qFatal("the other program does not start");
     }
 
+    /// Starts what a desktop has for keeping what programs that end have copied.
+    void keepWhatIsCopied() {
+        m_owner.start(QStringLiteral(OVRANO_CLIPBOARD_KEEPER));
+        if (!QTest::qWaitFor([this] { return m_owner.canReadLine(); }, Patience))
+            qFatal("the clipboard's keeper does not start");
+    }
+
     ~SecondProgram() {
         m_owner.kill();
         m_owner.waitForFinished();

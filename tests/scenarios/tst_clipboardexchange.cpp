@@ -4,6 +4,7 @@
 #include "scenarios/secondprogram.h"
 #include "support/grid.h"
 
+#include <QApplication>
 #include <QBuffer>
 
 using namespace ovrano;
@@ -37,6 +38,7 @@ Raster received(const std::optional<QByteArray>& bytes) {
     return bytes ? decodePicture(*bytes) : Raster();
 }
 
+const QString CopyAndEnd = QStringLiteral("copyAndEnd");
 const QString NoPicture = QStringLiteral("Pas d'image dans le presse papier !");
 
 } // namespace
@@ -70,6 +72,7 @@ private Q_SLOTS:
     void brokenDataIsNoPicture_data();
     void brokenDataIsNoPicture();
     void pressesDuringALongPasteGoBy();
+    void pictureStaysAfterTheProgramEnds();
 };
 
 void TestClipboardExchange::pictureOfAnotherProgramIsPasted_data() {
@@ -106,6 +109,7 @@ void TestClipboardExchange::pastedBlockIsDraggedAndDropped() {
     Program program;
     program.play([&] {
         program.user.input.strike(Qt::CTRL | Qt::Key_V);
+        Program::react();
         program.user.input.drag(program.at(20, 20), program.at(220, 170));
         QCOMPARE(program.pixel(20, 20), Blue);
         QCOMPARE(program.pixel(200, 150), Red);
@@ -146,6 +150,7 @@ void TestClipboardExchange::pastingScrollsHomeAndIsUndone() {
         program.user.input.strike(Qt::CTRL | Qt::Key_V);
         QCOMPARE(program.window.view().VScroll1->value(), 0);
         QCOMPARE(program.pixel(20, 20), Green);
+        Program::react();
         program.user.click(QStringLiteral("CmdAnnul"));
         QCOMPARE(program.pixel(20, 20), Blue);
         QCOMPARE(program.pixel(120, 90), Red);
@@ -361,6 +366,7 @@ void TestClipboardExchange::falseOwnerChangesNothing() {
             // The block is still lifted, framed and as opaque as it was.
             QCOMPARE(program.window.work().picDisp.Image(), before);
             QVERIFY(program.window.block().HasSelection);
+            Program::react();
             program.user.input.drag(program.at(120, 90), program.at(220, 190));
             QCOMPARE(program.pixel(220, 190), Red);
             QCOMPARE(program.pixel(120, 90), White);
@@ -468,5 +474,29 @@ void TestClipboardExchange::pressesDuringALongPasteGoBy() {
     });
 }
 
-QTEST_MAIN(TestClipboardExchange)
+void TestClipboardExchange::pictureStaysAfterTheProgramEnds() {
+    SecondProgram keeper;
+    keeper.keepWhatIsCopied();
+    QProcess program;
+    program.start(QCoreApplication::applicationFilePath(), {CopyAndEnd});
+    QVERIFY(program.waitForFinished(30'000));
+    QCOMPARE(program.exitCode(), 0);
+    const Raster kept = received(keeper.paste(QStringLiteral("image/png")));
+    QCOMPARE(kept.size(), QSize(400, 300));
+    QCOMPARE(kept.pixel(120, 90), Red);
+    QCOMPARE(kept.pixel(0, 0), Blue);
+}
+
+/// Started with one argument the program copies its picture and ends as it does when it is left.
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    if (argc == 2 && QLatin1String(argv[1]) == CopyAndEnd) {
+        Program program;
+        program.window.findChild<QAction*>(QStringLiteral("mnuEditCopy"))->trigger();
+        return 0;
+    }
+    TestClipboardExchange test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_clipboardexchange.moc"

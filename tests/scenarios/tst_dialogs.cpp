@@ -123,7 +123,9 @@ void TestDialogs::everythingIsHarmlessOnAnEmptyPicture() {
         user.click(QStringLiteral("cmd1Color3DProceed"));
         user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditCopy"));
         user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditPaste"));
+        Program::react();
         user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditPasteTransparent"));
+        Program::react();
         user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditUndo"));
         user.click(QStringLiteral("imgRegion"));
         user.click(QStringLiteral("Command1"));
