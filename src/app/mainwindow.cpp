@@ -1,6 +1,8 @@
 #include "app/mainwindow.h"
 
 #include "app/editmenu.h"
+#include "app/filedrop.h"
+#include "app/textfieldkeys.h"
 #include "app/windowlayout.h"
 #include "platform/clipboard.h"
 #include "platform/runtimeerror.h"
@@ -41,6 +43,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , m_block(m_work)
     , m_pointer(m_work, m_view, m_block, *m_toolBox->imgRegion, *m_toolBox->imgColorPicker,
                 *m_menus.mnuToolsRegion, dialogs)
+    , m_blockKeys(m_work, m_view, m_block, *m_toolBox->imgRegion, dialogs)
     , m_background(m_work, m_block, *m_toolBox->Command2, *m_toolBox->LblFond, dialogs)
     , m_undo(m_work, m_view, dialogs)
     , m_save(m_work, dialogs)
@@ -65,6 +68,11 @@ MainWindow::MainWindow(Dialogs& dialogs)
     connectEditing();
     connectDocument();
     connectWizards();
+    new TextFieldKeys(*frafont->txbWriteText);
+    new FileDrop(*this, [this](const QString& path) {
+        if (!EventYield::isUnderWay())
+            m_open.openDropped(path);
+    });
     Form_Load();
 }
 
@@ -135,6 +143,7 @@ void MainWindow::connectEditing() {
             [this](Colour colour) { frafont->DispDialogColor(colour); });
     connect(&m_pointer, &PointerModes::backgroundColourLocked, &m_background, &BackgroundColour::lock);
     connect(&m_pointer, &PointerModes::undoLost, this, &MainWindow::mnuEdit_Click);
+    connect(&m_blockKeys, &BlockKeys::editStateChanged, this, &MainWindow::mnuEdit_Click);
     connect(&m_copyCut, &CopyCut::editStateChanged, this, &MainWindow::mnuEdit_Click);
     connect(&m_paste, &Paste::editStateChanged, this, &MainWindow::mnuEdit_Click);
     connect(&m_paste, &Paste::pickerReleased, &m_pointer, &PointerModes::releasePicker);

@@ -11,6 +11,7 @@
 #include "document/undo.h"
 #include "document/workpicture.h"
 #include "editing/backgroundcolour.h"
+#include "editing/blockkeys.h"
 #include "editing/copycut.h"
 #include "editing/liftedblock.h"
 #include "editing/paste.h"
@@ -90,6 +91,7 @@ private:
     PictureView m_view;
     LiftedBlock m_block;
     PointerModes m_pointer;
+    BlockKeys m_blockKeys;
     BackgroundColour m_background;
     Undo m_undo;
     FileSave m_save;

@@ -25,9 +25,36 @@ void FileOpen::mnuFileOpen_Click() {
     });
 }
 
+void FileOpen::openDropped(const QString& path) {
+    trapErrors(m_dialogs, QStringLiteral("mnuFileOpen_Click"), [&] {
+        const Raster picture = LoadPicture(path); // before anything is asked or given up
+        if (m_save.confirmDiscard(QStringLiteral("Enregistrer l'image?"))) {
+            m_work.CurrentFileName = path;
+            take(picture);
+            present(path);
+        }
+        m_view.picDisp->setFocus();
+    });
+}
+
 void FileOpen::open(const QString& path) {
     m_work.CurrentFileName = path;
-    load(path);
+    // A file that cannot be read leaves it like this: emptied and sizing itself.
+    m_work.picDisp.setPicture(Raster());
+    m_work.picDisp.setAutoSize(true);
+    take(LoadPicture(path));
+    present(path);
+}
+
+void FileOpen::take(const Raster& picture) {
+    Surface& picDisp = m_work.picDisp;
+    picDisp.setPicture(Raster());
+    picDisp.setAutoSize(true);
+    picDisp.setPicture(picture);
+    picDisp.setAutoSize(false);
+}
+
+void FileOpen::present(const QString& path) {
     resetCompanions();
     m_work.showFileName(path);
     m_view.scrollHome();
@@ -36,15 +63,6 @@ void FileOpen::open(const QString& path) {
     Q_EMIT pictureReplaced();
     m_work.ImageLoaded = true;
     m_work.ImageModified = false;
-}
-
-void FileOpen::load(const QString& path) {
-    Surface& picDisp = m_work.picDisp;
-    picDisp.setPicture(Raster());
-    picDisp.setAutoSize(true);
-    // A file that cannot be read leaves it like this: emptied and sizing itself.
-    picDisp.setPicture(LoadPicture(path));
-    picDisp.setAutoSize(false);
 }
 
 void FileOpen::resetCompanions() {

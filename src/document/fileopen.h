@@ -18,6 +18,9 @@ public:
              QObject* parent = nullptr);
 
     void mnuFileOpen_Click();
+    /// Opens a file that was dropped on the window, after the same question. What is no picture is reported
+    /// and changes nothing.
+    void openDropped(const QString& path);
 
 Q_SIGNALS:
     /// The colour picker is to be left.
@@ -27,7 +30,8 @@ Q_SIGNALS:
 
 private:
     void open(const QString& path);
-    void load(const QString& path);
+    void take(const Raster& picture);
+    void present(const QString& path);
     void resetCompanions();
 
     WorkPicture& m_work;

@@ -165,6 +165,11 @@ void LiftedBlock::dragTo(QPoint mouse) {
     ComposeRegion();
 }
 
+void LiftedBlock::moveBy(QPoint pixels) {
+    grab(QPoint(0, 0));
+    dragTo(pixels);
+}
+
 void LiftedBlock::drop() {
     m_work.picDisp.Cls();
     m_work.TakeUndoSnapshot();

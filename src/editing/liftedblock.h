@@ -64,6 +64,8 @@ public:
     void takeBottomEdge(int y);
     /// Moves the block so that the point it was grabbed at follows the mouse, as far as the leeway goes.
     void dragTo(QPoint mouse);
+    /// Moves the block by some pixels, as far as the leeway goes.
+    void moveBy(QPoint pixels);
     /// Leaves the block where it stands. It has been committed with its last step already.
     void drop();
     /// Starts a band at a point: the dotted rectangle that will be lifted.

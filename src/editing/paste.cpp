@@ -163,6 +163,7 @@ bool Paste::lift() {
     m_block.SetPrevAndCurrValues(m_block.SelX1, m_block.SelY1);
     m_block.SetLeeWay(m_work.picRegion, m_work.picDisp, LiftedBlock::LeeWayPercent);
     m_block.ComposeRegion();
+    m_view.picDisp->setFocus(); // the arrow keys move the block
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QCursor>
+#include <QMimeData>
 
 using namespace ovrano;
 using namespace ovrano::testing;
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void wheelScrollsBothWays();
     void bandScrollsTheView();
     void sizeBoxTakesDigitsOnly();
+    void blockIsMovedByKeys();
+    void textFieldLeavesThePicturesKeys();
 };
 
 void TestEditing::zoneIsFramedDraggedAndDropped() {
@@ -152,6 +155,51 @@ void TestEditing::sizeBoxTakesDigitsOnly() {
         QCOMPARE(box->currentText(), QStringLiteral("7"));
         program.user.input.strike(Qt::Key_Backspace);
         QCOMPARE(box->currentText(), QStringLiteral("6")); // the smallest size
+    });
+}
+
+void TestEditing::blockIsMovedByKeys() {
+    Program program;
+    program.play([&] {
+        X11Input& input = program.user.input;
+        program.user.click(QStringLiteral("imgRegion"));
+        input.drag(program.at(100, 80), program.at(149, 109));
+        input.strike(Qt::Key_Right);
+        input.strike(Qt::SHIFT | Qt::Key_Right);
+        input.strike(Qt::SHIFT | Qt::Key_Down);
+        input.strike(Qt::Key_Up);
+        QCOMPARE(QPointF(program.window.block().CurrX, program.window.block().CurrY), QPointF(111, 89));
+        QCOMPARE(program.pixel(111, 89), Red);
+        QCOMPARE(program.pixel(105, 85), White); // the hole
+        for (int i = 0; i < 20; ++i)
+            input.strike(Qt::SHIFT | Qt::Key_Left);
+        QCOMPARE(program.window.block().CurrX, -40.0F); // as far as the mouse could drag it
+        input.strike(Qt::Key_Return);
+        QVERIFY(!program.window.block().HasSelection);
+        QCOMPARE(program.pixel(9, 89), Red);
+        input.strike(Qt::Key_Right); // nothing is lifted any more
+        QCOMPARE(program.pixel(10, 89), Blue);
+    });
+}
+
+void TestEditing::textFieldLeavesThePicturesKeys() {
+    Program program;
+    auto* field = program.window.findChild<QLineEdit*>(QStringLiteral("txbWriteText"));
+    program.play([&] {
+        X11Input& input = program.user.input;
+        program.user.click(QStringLiteral("txbWriteText"));
+        input.strike(Qt::CTRL | Qt::Key_C); // nothing is selected: the picture
+        QVERIFY(QGuiApplication::clipboard()->mimeData()->hasFormat(QStringLiteral("image/png")));
+        input.strike(Qt::CTRL | Qt::Key_V);
+        QVERIFY(program.window.work().ImageModified);
+        program.user.click(QStringLiteral("txbWriteText"));
+        input.strike(Qt::CTRL | Qt::Key_A);
+        input.strike(Qt::CTRL | Qt::Key_X);
+        QCOMPARE(field->text(), QString());
+        input.strike(Qt::CTRL | Qt::Key_V);
+        QCOMPARE(field->text(), QStringLiteral("Votre texte"));
+        input.strike(Qt::CTRL | Qt::Key_Z);
+        QCOMPARE(field->text(), QString());
     });
 }
 
