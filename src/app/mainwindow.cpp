@@ -56,6 +56,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , fraRotateAngle(new AnglePanel(m_content))
     , fra1Color3D(
           new OneColourPanel(m_work, m_view, m_block, m_pointer, *frafont, *fraRotateAngle, m_content))
+    , cmdOneColour(new QPushButton(QStringLiteral("Revenir au texte 3D à une couleur")))
     , fraTextPanel(newTextPanel())
     , lblImageSize(newLabel("lblImageSize", QStringLiteral("L= H=")))
     , lblFileSpec(new PathLabel(QStringLiteral("lblFileSpec"), m_content)) {
@@ -85,6 +86,9 @@ QFrame* MainWindow::newTextPanel() {
     row->addWidget(frafont, 1);
     row->addWidget(fraRotateAngle);
     row->addWidget(fra1Color3D);
+    cmdOneColour->setObjectName(QStringLiteral("cmdOneColour"));
+    row->addWidget(cmdOneColour, 0, Qt::AlignCenter);
+    cmdOneColour->hide();
     return panel;
 }
 
@@ -125,6 +129,7 @@ void MainWindow::connectEditMenu() {
 }
 
 void MainWindow::connectTextTools() {
+    connect(cmdOneColour, &QAbstractButton::clicked, this, [this] { mnuTextWrite_Click(0); });
     const auto focusPicture = [this] { m_view.picDisp->setFocus(); };
     connect(frafont, &StylePanel::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(frafont, &StylePanel::pictureFocusRequested, this, focusPicture);
@@ -265,6 +270,7 @@ void MainWindow::showTextFrames(bool shown) {
     for (QGroupBox* frame : {static_cast<QGroupBox*>(fraRotateAngle), static_cast<QGroupBox*>(fra1Color3D),
                              static_cast<QGroupBox*>(frafont)})
         frame->setVisible(shown);
+    cmdOneColour->setVisible(!shown);
 }
 
 void MainWindow::showTextDialog(int Index) {

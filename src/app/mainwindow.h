@@ -104,6 +104,7 @@ private:
     StylePanel* frafont;
     AnglePanel* fraRotateAngle;
     OneColourPanel* fra1Color3D;
+    QPushButton* cmdOneColour; // in the panel while its tools are hidden
     QFrame* fraTextPanel;
     QLabel* lblImageSize;
     PathLabel* lblFileSpec;

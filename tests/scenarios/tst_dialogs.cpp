@@ -237,11 +237,13 @@ void TestDialogs::oneColourToolsComeBack() {
         program.user.waitForWindow(QStringLiteral("Txt3D"));
         program.user.input.type(QStringLiteral("Deux"));
         leave(program.user, QStringLiteral("Command1"));
-        program.user.chooseMenu(QStringLiteral("mnuText"), QStringLiteral("mnuTextWrite(0)"));
+        program.user.click(QStringLiteral("cmdOneColour")); // does what the menu's first entry does
         program.user.click(QStringLiteral("cmd1Color3DProceed"));
     });
     QVERIFY(program.window.block().HasSelection);
     QVERIFY(program.window.findChild<QWidget*>(QStringLiteral("frafont"))->isVisible());
+    QVERIFY(!program.window.findChild<QWidget*>(QStringLiteral("cmdOneColour"))->isVisible());
+    QVERIFY(program.window.findChild<QAction*>(QStringLiteral("mnuTextWrite(0)"))->isChecked());
 }
 
 QTEST_MAIN(TestDialogs)

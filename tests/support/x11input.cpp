@@ -221,7 +221,12 @@ void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifier
         events.push_back({Input::KeyPress, code});
     for (const xcb_keycode_t code : std::ranges::reverse_view(codes))
         events.push_back({Input::KeyRelease, code});
-    const auto focused = [] { return QGuiApplication::focusWindow() != nullptr; };
+    // A key for a window that a dialog blocks would be lost.
+    const auto focused = [] {
+        const QWindow* focus = QGuiApplication::focusWindow();
+        const QWindow* modal = QGuiApplication::modalWindow();
+        return focus && (!modal || focus == modal);
+    };
     await(focused, what + QStringLiteral(" had nowhere to go: it"));
     deliver(events, what);
 }
