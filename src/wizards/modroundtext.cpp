@@ -12,6 +12,7 @@
 #include <vector>
 
 namespace ovrano {
+inline namespace modRoundText {
 
 namespace {
 
@@ -80,4 +81,5 @@ void PrintRoundText(Surface& target, const QString& text, float startAngle, floa
     });
 }
 
+} // namespace modRoundText
 } // namespace ovrano

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 namespace ovrano {
+inline namespace modRoundText {
 
 /// Where and how far turned one character of a circular text is printed.
 struct RoundPlace {
@@ -52,4 +53,5 @@ QStringList charactersOf(const QString& text);
 void PrintRoundText(Surface& target, const QString& text, float startAngle, float radius,
                     std::int16_t centreX, std::int16_t centreY, float sector);
 
+} // namespace modRoundText
 } // namespace ovrano
