@@ -8,6 +8,7 @@ namespace ovrano {
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Ovrano"));
+    setDesktopFileName(QStringLiteral("org.ovrano.Ovrano"));
     setApplicationVersion(QStringLiteral(OVRANO_VERSION));
     // The program speaks French, and so must the toolkit's own dialogs, whatever the desktop's language.
     QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
