@@ -43,7 +43,8 @@ std::optional<QStringList> announcedDirectly() {
     SelectionTransfer transfer;
     const QByteArray atoms = ask(transfer, "TARGETS", AnnouncementPatience);
     std::vector<xcb_atom_t> targets(static_cast<std::size_t>(atoms.size()) / sizeof(xcb_atom_t));
-    std::memcpy(targets.data(), atoms.constData(), targets.size() * sizeof(xcb_atom_t));
+    if (!targets.empty())
+        std::memcpy(targets.data(), atoms.constData(), targets.size() * sizeof(xcb_atom_t));
     return transfer.namesOf(targets);
 }
 

@@ -45,6 +45,8 @@ private:
     void saveAs(const std::function<void()>& askForIt, const QString& type, const QString& suffix,
                 const QString& explanation);
     void saveAll();
+    void composeInTwoColours();
+    void layInACircle();
     void quit();
 
     void answerFileDialog(const QString& path);

@@ -71,6 +71,8 @@ void Tour::play() {
     drag();
     drop();
     saveAll();
+    composeInTwoColours();
+    layInACircle();
     quit();
 }
 
@@ -172,6 +174,25 @@ void Tour::saveAll() {
            QStringLiteral("the result as JPEG of ratio 80, through the button"));
     saveAs([this] { m_user.input.strike(Qt::CTRL | Qt::Key_S); }, QStringLiteral("Fichier GIF 256 couleurs"),
            QStringLiteral("gif"), QStringLiteral("the result as GIF of 256 colours, through the key"));
+}
+
+void Tour::composeInTwoColours() {
+    m_user.chooseMenu(QStringLiteral("mnuText"), QStringLiteral("mnuTextWrite(1)"));
+    m_user.waitForWindow(QStringLiteral("Txt3D"));
+    m_user.retype(QStringLiteral("Text1"), Text);
+    m_user.click(QStringLiteral("Check2"));
+    show(QStringLiteral("deux-couleurs"),
+         QStringLiteral("Texte 3D avec 2 couleurs: a text with slanted depth"));
+    m_user.click(QStringLiteral("Command2"));
+    m_user.waitForWindow(MainWindowName);
+}
+
+void Tour::layInACircle() {
+    m_user.chooseMenu(QStringLiteral("mnuText"), QStringLiteral("mnuTextWrite(2)"));
+    m_user.waitForWindow(QStringLiteral("RotFonts"));
+    show(QStringLiteral("cercle"), QStringLiteral("Texte Circulaire: a text along a circle"));
+    m_user.click(QStringLiteral("Command5"));
+    m_user.waitForWindow(MainWindowName);
 }
 
 void Tour::quit() {

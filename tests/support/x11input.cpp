@@ -221,11 +221,11 @@ void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifier
         events.push_back({Input::KeyPress, code});
     for (const xcb_keycode_t code : std::ranges::reverse_view(codes))
         events.push_back({Input::KeyRelease, code});
-    // A key for a window that a dialog blocks would be lost.
+    // A key for a window that a dialog blocks would be lost; a list that has popped up belongs to the dialog.
     const auto focused = [] {
         const QWindow* focus = QGuiApplication::focusWindow();
         const QWindow* modal = QGuiApplication::modalWindow();
-        return focus && (!modal || focus == modal);
+        return focus && (!modal || focus == modal || focus->type() == Qt::Popup);
     };
     await(focused, what + QStringLiteral(" had nowhere to go: it"));
     deliver(events, what);
