@@ -7,6 +7,7 @@
 #include "platform/clipboard.h"
 #include "platform/runtimeerror.h"
 #include "platform/yield.h"
+#include "ui/flatten.h"
 #include "ui/icons.h"
 #include "wizards/rotfonts.h"
 #include "wizards/txt3d.h"
@@ -182,6 +183,7 @@ void MainWindow::connectWizards() {
 
 void MainWindow::Form_Load() {
     FormLoading = true;
+    flattenForm(*this);
     m_work.picAuto.setAutoSize(true);
     frafont->DispDialogColor(DefaultTextColour);
     FormLoading = false;

@@ -5,6 +5,7 @@
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "platform/typingfilter.h"
+#include "ui/flatten.h"
 
 #include <QCloseEvent>
 #include <QFormLayout>
@@ -40,6 +41,7 @@ FrmNouv3DText::FrmNouv3DText(NewImageChoice& choice, Dialogs& dialogs, QWidget* 
     setWindowTitle(QStringLiteral("Nouveau texte 3D"));
     setUpSizes();
     arrange();
+    flattenForm(*this);
     connect(Command1, &QPushButton::clicked, this, &FrmNouv3DText::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &FrmNouv3DText::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &FrmNouv3DText::Command3_Click);

@@ -4,6 +4,7 @@
 #include "platform/errorreporter.h"
 #include "platform/numbers.h"
 #include "platform/textmask.h"
+#include "ui/flatten.h"
 #include "wizards/modroundtext.h"
 #include "wizards/temporarybmp.h"
 
@@ -55,6 +56,7 @@ RotFonts::RotFonts(Handover& handover, WizardMemory& memory, Dialogs& dialogs, c
     , m_handover(handover)
     , m_memory(memory)
     , m_programFolder(programFolder) {
+    flattenForm(*this);
     setCentreDefaults();
     connectFields();
     connectButtons();

@@ -5,6 +5,7 @@
 #include "platform/numbers.h"
 #include "platform/textmask.h"
 #include "platform/typingfilter.h"
+#include "ui/flatten.h"
 #include "wizards/twocolourtext.h"
 
 #include <QAbstractItemView>
@@ -44,6 +45,7 @@ Txt3D::~Txt3D() {
 }
 
 void Txt3D::Form_Load() {
+    flattenForm(*this);
     m_memory.Colour3D = LblCoul3D->BackColor();
     m_memory.TextColour = LblCoulT->BackColor();
     if (m_memory.TwoColourText.isEmpty())
