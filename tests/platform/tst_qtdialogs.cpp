@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTranslator>
+#include <QWindow>
 #include <QtTest>
 
 #include <functional>
@@ -22,6 +23,16 @@ using namespace ovrano;
 
 namespace {
 
+/// The modal window that is open, when it is of a kind and on the screen: one that is about to be shown would
+/// miss a click.
+template<typename Window>
+Window* openWindow() {
+    auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+    const bool shown =
+        window && window->isVisible() && window->windowHandle() && window->windowHandle()->isExposed();
+    return shown ? window : nullptr;
+}
+
 /// Does something with the modal window that is open when its turn comes; a window that never opens fails
 /// the test after half a minute.
 template<typename Window>
@@ -29,7 +40,7 @@ void whenOpen(std::function<void(Window&)> act) {
     auto* timer = new QTimer(qApp);
     auto tries = std::make_shared<int>(0);
     QObject::connect(timer, &QTimer::timeout, qApp, [timer, tries, act] {
-        auto* window = qobject_cast<Window*>(QApplication::activeModalWidget());
+        auto* window = openWindow<Window>();
         if (!window && ++*tries < 3000)
             return;
         timer->stop();
