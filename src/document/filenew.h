@@ -15,8 +15,8 @@ class FileNew : public QObject {
     Q_OBJECT
 
 public:
-    /// `LblFond` shows the current background colour, which a new picture takes and gives.
-    FileNew(WorkPicture& work, PictureView& view, FileSave& save, ColourBox& LblFond, Dialogs& dialogs,
+    /// `label` is LblFond, which shows the current background colour, which a new picture takes and gives.
+    FileNew(WorkPicture& work, PictureView& view, FileSave& save, ColourBox& label, Dialogs& dialogs,
             QObject* parent = nullptr);
 
     void mnuFileNew_Click();

@@ -7,7 +7,7 @@ namespace ovrano {
 namespace {
 
 /// What a fast decoder turns into pixels well within a frame.
-constexpr qint64 MostBytesAtOnce = 256 * 1024;
+constexpr qint64 MostBytesAtOnce = qint64{256} * 1024;
 
 } // namespace
 

@@ -29,7 +29,7 @@ QByteArray ask(SelectionTransfer& transfer, const QByteArray& target, int patien
     static Silence silence;
     if (transfer.owner() == silence.owner && !silence.until.hasExpired())
         return QByteArray();
-    const QByteArray answer = transfer.fetch(target, patience);
+    QByteArray answer = transfer.fetch(target, patience);
     if (transfer.wasSilent())
         silence = {transfer.owner(), QDeadlineTimer(RestMilliseconds)};
     return answer;
