@@ -111,9 +111,9 @@ void MainWindow::connectMenus() {
     m_menus.setCommand(m_menus.mnuFileExit, [this] { mnuFileExit_Click(); });
     m_menus.setCommand(m_menus.Mnu_Pipette, [this] { m_pointer.Mnu_Pipette_Click(); });
     m_menus.setCommand(m_menus.Mnu_ChoixCouleur, [this] { frafont->Mnu_ChoixCouleur_Click(); });
-    for (int i = 0; i < 3; ++i)
-        m_menus.setCommand(m_menus.mnuTextWrite.at(static_cast<std::size_t>(i)),
-                           [this, i] { mnuTextWrite_Click(i); });
+    for (std::size_t i = 0; i < m_menus.mnuTextWrite.size(); ++i)
+        m_menus.setCommand(m_menus.mnuTextWrite.at(i),
+                           [this, i] { mnuTextWrite_Click(static_cast<int>(i)); });
 }
 
 void MainWindow::connectEditMenu() {

@@ -47,6 +47,19 @@ void LiftedBlock::forget() {
     SelX1 = SelX2 = SelY1 = SelY2 = 0;
 }
 
+bool LiftedBlock::keepBackground() {
+    takeSize(m_work.picSnap, m_work.picDisp); // an Undo may have changed the picture's size alone
+    return m_work.BitbltPic(m_work.picDisp, m_work.picSnap);
+}
+
+bool LiftedBlock::cutMask() {
+    takeSize(m_work.picMask, m_work.picRegion);
+    if (!m_work.BitbltPic(m_work.picRegion, m_work.picMask))
+        return false;
+    CreateMask(m_work.picMask, Black);
+    return true;
+}
+
 void LiftedBlock::NormaliseSelection() {
     if (SelX1 > SelX2)
         std::swap(SelX1, SelX2);
@@ -91,8 +104,7 @@ void LiftedBlock::CaptureSelection() {
     Surface& picRegion = m_work.picRegion;
     setClientSize(picRegion, zone.width(), zone.height());
     picDisp.Cls();
-    takeSize(picSnap, picDisp); // an Undo may have changed the picture's size alone
-    m_work.BitbltPic(picDisp, picSnap);
+    keepBackground();
     DrawSelectionFrame();
     // What a zone holds beside the picture is background, not the rest of an earlier block.
     picRegion.setPicture(Raster(picRegion.innerSize(), picDisp.BackColor()));

@@ -38,6 +38,11 @@ public:
     void ClearSelection();
     /// The same for the rectangle and its flags alone: another picture has come.
     void forget();
+    /// Keeps what picDisp shows, at its size, as the background under a block. False when the copy failed,
+    /// which has been reported; so below.
+    bool keepBackground();
+    /// Makes picMask black where picRegion is not white: where the block is opaque.
+    bool cutMask();
     void NormaliseSelection();
     /// Inverts a dotted frame along the rectangle: a second call at the same place erases it.
     void DrawSelectionFrame();

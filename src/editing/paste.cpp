@@ -155,7 +155,7 @@ bool Paste::lift() {
     {
         setScreenMousePointer(MousePointer::Hourglass);
         const auto pointerBack = qScopeGuard([] { setScreenMousePointer(MousePointer::Default); });
-        if (!cutBlock() || (m_block.TransparentPaste && !cutMask()) || !keepBackground())
+        if (!cutBlock() || (m_block.TransparentPaste && !cutMask()) || !m_block.keepBackground())
             return false;
     }
     m_block.BlockFromPaste = true;
@@ -179,16 +179,7 @@ bool Paste::cutMask() {
     const Colour seeThrough = picRegion.Point(0, 0);
     if (seeThrough != White)
         WhiteNonPaintArea(picRegion, seeThrough);
-    takeSize(m_work.picMask, picRegion);
-    if (!m_work.BitbltPic(picRegion, m_work.picMask))
-        return false;
-    CreateMask(m_work.picMask, Black);
-    return true;
-}
-
-bool Paste::keepBackground() {
-    takeSize(m_work.picSnap, m_work.picDisp); // which an Undo may have changed as well
-    return m_work.BitbltPic(m_work.picDisp, m_work.picSnap);
+    return m_block.cutMask();
 }
 
 void Paste::offerForDragging() {

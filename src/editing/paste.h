@@ -56,7 +56,6 @@ private:
     bool lift();
     bool cutBlock();
     bool cutMask();
-    bool keepBackground();
     void offerForDragging();
     void replacePicture(const Raster& picture);
 

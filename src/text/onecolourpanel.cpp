@@ -1,6 +1,5 @@
 #include "text/onecolourpanel.h"
 
-#include "editing/mask.h"
 #include "platform/controls.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
@@ -155,8 +154,7 @@ void OneColourPanel::takeSnapshot() {
 }
 
 void OneColourPanel::keepBackground() {
-    takeSize(m_work.picSnap, m_work.picDisp);
-    m_work.BitbltPic(m_work.picDisp, m_work.picSnap);
+    m_block.keepBackground();
 }
 
 void OneColourPanel::applyFont() {
@@ -213,9 +211,7 @@ void OneColourPanel::turnStamp() {
 }
 
 void OneColourPanel::cutMask() {
-    takeSize(m_work.picMask, m_work.picRegion);
-    m_work.BitbltPic(m_work.picRegion, m_work.picMask);
-    CreateMask(m_work.picMask, Black);
+    m_block.cutMask();
 }
 
 void OneColourPanel::placeBlock() {

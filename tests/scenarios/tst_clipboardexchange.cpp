@@ -21,6 +21,9 @@ QImage stamp(QSize size = QSize(50, 40)) {
 }
 constexpr Colour Green = rgb(0, 200, 0);
 
+/// A work picture larger than the view.
+constexpr QSize WorkSize(2000, 1500);
+
 QByteArray encoded(const QImage& image, const char* format) {
     QBuffer buffer;
     if (!image.save(&buffer, format))
@@ -163,13 +166,13 @@ void TestClipboardExchange::largerPictureAsks_data() {
     QTest::addColumn<Answer>("answer");
     QTest::addColumn<QSize>("expected");
     QTest::addColumn<bool>("composed");
-    for (const QSize size : {QSize(500, 100), QSize(100, 500), QSize(500, 400)}) {
+    for (const QSize size : {QSize(2100, 100), QSize(100, 1600), QSize(2100, 1600)}) {
         const auto row = [size](const char* answer) -> QTestData& {
             return QTest::addRow("%d x %d, %s", size.width(), size.height(), answer);
         };
         row("Yes") << size << Answer::Yes << size << true;
-        row("No") << size << Answer::No << QSize(400, 300) << true;
-        row("Cancel") << size << Answer::Cancel << QSize(400, 300) << false;
+        row("No") << size << Answer::No << WorkSize << true;
+        row("Cancel") << size << Answer::Cancel << WorkSize << false;
     }
 }
 
@@ -180,11 +183,14 @@ void TestClipboardExchange::largerPictureAsks() {
     QFETCH(bool, composed);
     SecondProgram other;
     other.copy(encoded(stamp(pasted), "png"), QStringLiteral("image/png"));
-    Program program;
+    Program program(WorkSize);
     program.dialogs.answer(answer);
     program.play([&] {
+        program.user.input.wheel(program.at(100, 100), -3);
+        QVERIFY(program.window.view().VScroll1->value() > 0);
         program.user.input.strike(Qt::CTRL | Qt::Key_V);
         QCOMPARE(program.dialogs.messages.size(), 1);
+        QCOMPARE(program.window.view().VScroll1->value(), 0);
         QVERIFY(!program.window.block().HasSelection);
         QVERIFY(!program.window.findChild<ImageButton*>(QStringLiteral("imgRegion"))->isOn());
         QCOMPARE(program.window.work().picDisp.innerSize(), expected);
@@ -193,9 +199,9 @@ void TestClipboardExchange::largerPictureAsks() {
         QCOMPARE(program.pixel(50, 50), composed ? Green : Blue);
         QCOMPARE(program.window.work().ImageModified, composed);
         program.user.input.strike(Qt::CTRL | Qt::Key_Z);
-        QCOMPARE(program.window.work().picDisp.innerSize(), QSize(400, 300));
+        QCOMPARE(program.window.work().picDisp.innerSize(), WorkSize);
         QCOMPARE(program.pixel(50, 50), Blue);
-        QCOMPARE(program.pixel(399, 299), Blue);
+        QCOMPARE(program.pixel(1999, 1499), Blue);
         QCOMPARE(program.pixel(120, 90), Red);
     });
 }
