@@ -2,10 +2,12 @@
 
 #include "app/editmenu.h"
 #include "app/filedrop.h"
+#include "app/statustips.h"
 #include "app/textfieldkeys.h"
 #include "app/windowlayout.h"
 #include "platform/clipboard.h"
 #include "platform/runtimeerror.h"
+#include "platform/screen.h"
 #include "platform/yield.h"
 #include "ui/flatten.h"
 #include "ui/icons.h"
@@ -60,7 +62,10 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , cmdOneColour(new QPushButton(QStringLiteral("Revenir au texte 3D à une couleur")))
     , fraTextPanel(newTextPanel())
     , lblImageSize(newLabel("lblImageSize", QStringLiteral("L= H=")))
-    , lblFileSpec(new PathLabel(QStringLiteral("lblFileSpec"), m_content)) {
+    , lblFileSpec(new ElidedLabel(QStringLiteral("lblFileSpec"), Qt::ElideMiddle, m_content))
+    , lblHint(new HintLine(QStringLiteral("lblHint"), *this, m_content))
+    , m_nextStep(m_work, m_block, *m_toolBox->imgRegion, *m_toolBox->imgColorPicker, *frafont->txbWriteText,
+                 *frafont) {
     setObjectName(QStringLiteral("frmPicText0"));
     setWindowTitle(QStringLiteral("Ovrano de création de texte 3D"));
     setMinimumSize(SmallestWindow);
@@ -70,6 +75,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     connectEditing();
     connectDocument();
     connectWizards();
+    connectHints();
     new TextFieldKeys(*frafont->txbWriteText);
     new FileDrop(*this, [this](const QString& path) {
         if (!EventYield::isUnderWay())
@@ -181,6 +187,18 @@ void MainWindow::connectWizards() {
     connect(&m_handover, &Handover::pictureReplaced, &m_block, &LiftedBlock::forget);
 }
 
+void MainWindow::connectHints() {
+    addStatusTips(*this);
+    connect(&m_nextStep, &NextStep::changed, lblHint, &HintLine::showNextStep);
+    connect(&m_longWork, &LongWork::begun, this, [this] { showWorking(true); });
+    connect(&m_longWork, &LongWork::ended, this, [this] { showWorking(false); });
+}
+
+void MainWindow::showWorking(bool working) {
+    lblHint->showWorking(working);
+    setScreenMousePointer(working ? MousePointer::Hourglass : MousePointer::Default);
+}
+
 void MainWindow::Form_Load() {
     FormLoading = true;
     flattenForm(*this);
@@ -214,6 +232,7 @@ WindowDesign MainWindow::design() const {
         std::max({design.toolBoxWidth, m_toolBox->minimumSizeHint().width(),
                   lblImageSize->fontMetrics().horizontalAdvance(longest) - WindowDesign::Margin});
     design.labelHeight = std::max(design.labelHeight, lblImageSize->sizeHint().height());
+    design.hintWidth = lblHint->wantedWidth();
     return design;
 }
 
@@ -227,6 +246,8 @@ void MainWindow::layOut(QSize area) {
     m_view.HScroll1->setGeometry(layout.HScroll1);
     lblImageSize->setGeometry(layout.lblImageSize);
     lblFileSpec->setGeometry(layout.lblFileSpec);
+    lblFileSpec->setContentsMargins(0, 0, layout.lblHint.width() + WindowDesign::Margin, 0);
+    lblHint->setGeometry(layout.lblHint);
 }
 
 void MainWindow::mnuFile_Click() {

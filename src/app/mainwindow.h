@@ -1,7 +1,8 @@
 #pragma once
 
+#include "app/hintline.h"
 #include "app/menus.h"
-#include "app/pathlabel.h"
+#include "app/nextstep.h"
 #include "app/toolbox.h"
 #include "app/windowlayout.h"
 #include "document/filenew.h"
@@ -16,6 +17,7 @@
 #include "editing/liftedblock.h"
 #include "editing/paste.h"
 #include "editing/pointermodes.h"
+#include "platform/longwork.h"
 #include "text/anglepanel.h"
 #include "text/onecolourpanel.h"
 #include "text/stylepanel.h"
@@ -74,6 +76,8 @@ private:
     void connectEditing();
     void connectDocument();
     void connectWizards();
+    void connectHints();
+    void showWorking(bool working);
     void showTextFrames(bool shown);
     void showTextDialog(int Index);
     WindowDesign design() const;
@@ -107,7 +111,10 @@ private:
     QPushButton* cmdOneColour; // in the panel while its tools are hidden
     QFrame* fraTextPanel;
     QLabel* lblImageSize;
-    PathLabel* lblFileSpec;
+    ElidedLabel* lblFileSpec;
+    HintLine* lblHint;
+    LongWork m_longWork;
+    NextStep m_nextStep;
 };
 
 } // namespace ovrano

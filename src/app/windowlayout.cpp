@@ -6,6 +6,7 @@ namespace ovrano {
 
 WindowLayout WindowLayout::arrange(QSize area, QSize bars, const WindowDesign& design) {
     constexpr int LabelGap = 10;
+    constexpr int LeastFileSpec = 160; // pixels for the name of the file, however long the hint
     constexpr int Margin = WindowDesign::Margin;
     const int left = design.viewLeft();
     const int top = design.viewTop();
@@ -20,6 +21,9 @@ WindowLayout WindowLayout::arrange(QSize area, QSize bars, const WindowDesign& d
     const int labelTop = layout.HScroll1.top() + bars.height() + LabelGap;
     layout.lblImageSize = QRect(Margin, labelTop, left - Margin, design.labelHeight);
     layout.lblFileSpec = QRect(left, labelTop, viewWidth + bars.width(), design.labelHeight);
+    const int hintWidth = std::clamp(layout.lblFileSpec.width() - LeastFileSpec, 0, design.hintWidth);
+    layout.lblHint = layout.lblFileSpec;
+    layout.lblHint.setLeft(layout.lblFileSpec.right() + 1 - hintWidth);
     return layout;
 }
 

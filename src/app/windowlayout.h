@@ -11,6 +11,7 @@ struct WindowDesign {
     int panelHeight = 138;
     int toolBoxWidth = 118;
     int labelHeight = 20;
+    int hintWidth = 500;
 
     int viewLeft() const { return toolBoxWidth + 2 * Margin; }
     int viewTop() const { return panelHeight + 6; }
@@ -25,7 +26,8 @@ struct WindowLayout {
     QRect VScroll1;
     QRect HScroll1;
     QRect lblImageSize;
-    QRect lblFileSpec;
+    QRect lblFileSpec; // its text ends where the hint begins
+    QRect lblHint;
 
     /// Height that the rest of a window takes up beside the picture and its horizontal bar.
     static constexpr int ReservedHeight = 200;

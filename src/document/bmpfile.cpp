@@ -4,6 +4,7 @@
 #include "document/safefile.h"
 #include "platform/runtimeerror.h"
 #include "platform/vectorised.h"
+#include "platform/yield.h"
 
 #include <algorithm>
 #include <limits>
@@ -62,6 +63,7 @@ void packRows(const Raster& picture, const QRect& rows, qsizetype stride, uchar*
 }
 
 void writeRows(const Raster& picture, SafeFile& file) {
+    EventYield yield;
     const qsizetype stride = bmp::stride(picture.width());
     const int rowsAtOnce = std::max(1, static_cast<int>(ChunkBytes / stride));
     std::vector<uchar> chunk(static_cast<std::size_t>(rowsAtOnce * stride)); // what fills rows up stays 0
@@ -69,6 +71,7 @@ void writeRows(const Raster& picture, SafeFile& file) {
         const int first = std::max(0, end - rowsAtOnce);
         packRows(picture, QRect(0, first, picture.width(), end - first), stride, chunk.data());
         file.write(chunk.data(), static_cast<std::size_t>((end - first) * stride));
+        yield();
     }
 }
 

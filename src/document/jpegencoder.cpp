@@ -41,7 +41,8 @@ void JpegEncoder::write(PixelRows& rows, int quality) {
             error::InvalidPropertyValue,
             QStringLiteral("L'image est trop grande pour le format JPEG (%1 pixels de côté au plus)")
                 .arg(JPEG_MAX_DIMENSION));
-    if (encode(rows, quality))
+    EventYield yield;
+    if (encode(rows, quality, yield))
         return;
     if (m_failure)
         std::rethrow_exception(m_failure);
@@ -49,7 +50,7 @@ void JpegEncoder::write(PixelRows& rows, int quality) {
 }
 
 // Nothing in here may have a destructor: an error jumps out of the library's calls past it.
-bool JpegEncoder::encode(PixelRows& rows, int quality) {
+bool JpegEncoder::encode(PixelRows& rows, int quality, EventYield& yield) {
     if (setjmp(m_errorExit) != 0)
         return false;
     prepare(rows.size(), quality);
@@ -58,6 +59,7 @@ bool JpegEncoder::encode(PixelRows& rows, int quality) {
         const auto* row = reinterpret_cast<const JSAMPLE*>(rows.row(static_cast<int>(m_codec.next_scanline)));
         auto* line = const_cast<JSAMPROW>(row); // the library only reads it
         jpeg_write_scanlines(&m_codec, &line, 1);
+        yield();
     }
     jpeg_finish_compress(&m_codec);
     return true;

@@ -36,7 +36,7 @@ private:
     static void endBuffer(j_compress_ptr codec);
 
     void prepare(QSize size, int quality);
-    bool encode(PixelRows& rows, int quality);
+    bool encode(PixelRows& rows, int quality, EventYield& yield);
     void send(std::size_t count);
 
     SafeFile& m_file;

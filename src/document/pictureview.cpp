@@ -1,5 +1,6 @@
 #include "document/pictureview.h"
 
+#include "document/panning.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 
@@ -84,6 +85,7 @@ PictureView::PictureView(WorkPicture& work, QWidget* parent)
     , m_work(work) {
     picSnap->hide();
     picZ->installEventFilter(this);
+    new Panning(*picZ, *picDisp, *HScroll1, *VScroll1, this);
     connect(HScroll1, &QScrollBar::valueChanged, this,
             [this] { HScroll1->isSliderDown() ? HScroll1_Scroll() : HScroll1_Change(); });
     connect(VScroll1, &QScrollBar::valueChanged, this,

@@ -46,7 +46,7 @@ void ColourBox::paintEvent(QPaintEvent* event) {
         painter.setOpacity(isEnabled() ? 1 : 0.4);
         painter.fillRect(contentsRect(), shown);
     }
-    QLabel::paintEvent(event);
+    paintCaption(event);
 }
 
 } // namespace ovrano

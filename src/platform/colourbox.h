@@ -25,6 +25,8 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Draws the label's text over the colour.
+    virtual void paintCaption(QPaintEvent* event) { QLabel::paintEvent(event); }
 
 private:
     Colour m_colour;

@@ -1,5 +1,7 @@
 #include "platform/yield.h"
 
+#include "platform/longwork.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
@@ -13,6 +15,7 @@ namespace {
 // There is one thread.
 bool underWay = false;
 int yields = 0;
+LongWork* listener = nullptr;
 
 class PressDiscarder : public QObject {
 public:
@@ -30,6 +33,10 @@ protected:
 
 bool EventYield::isUnderWay() {
     return underWay;
+}
+
+void EventYield::setListener(LongWork* toTell) {
+    listener = toTell;
 }
 
 int EventYield::count() {
@@ -51,6 +58,8 @@ void EventYield::operator()() {
     underWay = true;
     ++yields;
     const auto over = qScopeGuard([] { underWay = false; });
+    if (listener)
+        listener->goesOn();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_sinceLast.start();
 }

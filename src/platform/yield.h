@@ -4,6 +4,8 @@
 
 namespace ovrano {
 
+class LongWork;
+
 /// Lets the window repaint during a long loop: call it once per column or row. It processes pending events
 /// at most every 16 ms and leaves user input waiting, so that no command starts inside another.
 class EventYield {
@@ -14,6 +16,9 @@ public:
     /// Whether events are being processed in the middle of a command: what is triggered then otherwise than
     /// by mouse and keys (by an assistive tool, say) must not start another one.
     static bool isUnderWay();
+
+    /// Who is told of every time that events are about to be processed: one listener, or none.
+    static void setListener(LongWork* toTell);
 
     /// How often events have been processed so since the program started.
     static int count();

@@ -1,42 +1,54 @@
 #include "text/directionicon.h"
 
 #include "platform/screen.h"
+#include "text/textsample.h"
 
 #include <QPainter>
 #include <QPixmap>
+
+#include <algorithm>
 
 namespace ovrano {
 
 namespace {
 
-constexpr std::int16_t DepthPixels = 6;
 constexpr int FaceSide = 9;
 
-QColor between(const QColor& a, const QColor& b) {
-    return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+QColor asQColor(Colour colour) {
+    return QColor(toPixel(colour));
 }
 
-QPixmap drawn(Direction direction, const QPalette& palette, int devicePixelRatio) {
+/// The upper-left corners of the layers, in pixels from that of the farthest or the front one.
+QRect extentOf(const std::vector<TextLayer>& layers) {
+    QRect extent;
+    for (const TextLayer& layer : layers)
+        extent |= QRect(layer.x / TwipsPerPixelX, layer.y / TwipsPerPixelY, FaceSide, FaceSide);
+    return extent;
+}
+
+QPixmap drawn(const std::vector<TextLayer>& layers, Colour ground, int devicePixelRatio) {
     QPixmap pixmap(QSize(DirectionIconSide, DirectionIconSide) * devicePixelRatio);
     pixmap.setDevicePixelRatio(devicePixelRatio);
-    pixmap.fill(Qt::transparent);
-    const QColor face = palette.color(QPalette::Text);
-    const QColor side = between(face, palette.color(QPalette::Base));
-    const auto layers = extrusionLayers(Black, extrusionDepth(DepthPixels), direction);
+    pixmap.fill(asQColor(ground));
     QPainter painter(&pixmap);
-    for (const TextLayer& layer : visibleLayers(layers)) {
+    const QRect extent = extentOf(layers);
+    painter.translate((DirectionIconSide - extent.width()) / 2 - extent.left(),
+                      (DirectionIconSide - extent.height()) / 2 - extent.top());
+    for (const TextLayer& layer : layers) {
         const QPoint corner(layer.x / TwipsPerPixelX, layer.y / TwipsPerPixelY);
-        painter.fillRect(QRect(corner, QSize(FaceSide, FaceSide)), layer == layers.back() ? face : side);
+        painter.fillRect(QRect(corner, QSize(FaceSide, FaceSide)),
+                         asQColor(std::min(layer.colour, BrightestLayer)));
     }
     return pixmap;
 }
 
 } // namespace
 
-QIcon directionIcon(Direction direction, const QPalette& palette) {
+QIcon directionIcon(Direction direction, std::int16_t depthPixels, Colour colour) {
+    const auto layers = visibleLayers(extrusionLayers(colour, extrusionDepth(depthPixels), direction));
     QIcon icon;
     for (const int devicePixelRatio : {1, 2, 3})
-        icon.addPixmap(drawn(direction, palette, devicePixelRatio));
+        icon.addPixmap(drawn(layers, sampleGround(colour), devicePixelRatio));
     return icon;
 }
 

@@ -3,15 +3,15 @@
 #include "text/extrusion.h"
 
 #include <QIcon>
-#include <QPalette>
 
 namespace ovrano {
 
-/// A small extruded square that shows which way an extrusion runs. It is drawn with the layers that texts
-/// are drawn with, in the colours of a palette, so that it stands out on dark lists as well.
-QIcon directionIcon(Direction direction, const QPalette& palette);
+/// A small extruded square that shows what an extrusion does: which way it runs, how deep it is (1 to 9
+/// pixels) and how its colour brightens. It is drawn with the layers that texts are drawn with, on the ground
+/// that samples of that colour have.
+QIcon directionIcon(Direction direction, std::int16_t depthPixels, Colour colour);
 
 /// The side of the icon in logical pixels.
-inline constexpr int DirectionIconSide = 16;
+inline constexpr int DirectionIconSide = 22;
 
 } // namespace ovrano

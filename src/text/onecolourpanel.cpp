@@ -9,7 +9,6 @@
 #include "text/directionicon.h"
 #include "text/rotation.h"
 
-#include <QEvent>
 #include <QGridLayout>
 #include <QScopeGuard>
 
@@ -62,6 +61,8 @@ OneColourPanel::OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock
     drawIcons();
     arrange();
     connect(cmd1Color3DProceed, &QPushButton::clicked, this, &OneColourPanel::cmd1Color3DProceed_Click);
+    connect(cboShadeThickness, &QComboBox::currentTextChanged, this, &OneColourPanel::drawIcons);
+    connect(style.picTextColor, &ColourBox::BackColorChanged, this, &OneColourPanel::drawIcons);
 }
 
 void OneColourPanel::fillLists() {
@@ -73,8 +74,11 @@ void OneColourPanel::fillLists() {
 }
 
 void OneColourPanel::drawIcons() {
-    for (int row = 0; row < icb1Color3D->count(); ++row)
-        icb1Color3D->setItemIcon(row, directionIcon(directionAt(row), palette()));
+    skipOnError([this] { // a depth that cannot be read leaves the icons as they were
+        const Colour colour = m_style.picTextColor->BackColor();
+        for (int row = 0; row < icb1Color3D->count(); ++row)
+            icb1Color3D->setItemIcon(row, directionIcon(directionAt(row), depth(), colour));
+    });
 }
 
 void OneColourPanel::arrange() {
@@ -90,12 +94,6 @@ void OneColourPanel::arrange() {
     grid->addWidget(icb1Color3D, 1, 1);
     grid->addWidget(cmd1Color3DProceed, 2, 0, 1, 2);
     grid->setColumnStretch(1, 1);
-}
-
-void OneColourPanel::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange)
-        drawIcons();
-    QGroupBox::changeEvent(event);
 }
 
 void OneColourPanel::cmd1Color3DProceed_Click() {
@@ -183,7 +181,7 @@ void OneColourPanel::readColour() {
 
 void OneColourPanel::readDepth() {
     m_depth = 0; // what is left when the depth cannot be read
-    m_depth = extrusionDepth(integerValue(cboShadeThickness->currentText()));
+    m_depth = extrusionDepth(depth());
 }
 
 void OneColourPanel::printStamp() {
@@ -241,6 +239,10 @@ void OneColourPanel::resetPointer() {
 
 void OneColourPanel::rememberText() {
     lastWrittenText = text();
+}
+
+std::int16_t OneColourPanel::depth() const {
+    return integerValue(cboShadeThickness->currentText());
 }
 
 Direction OneColourPanel::direction() const {

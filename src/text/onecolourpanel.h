@@ -44,10 +44,6 @@ Q_SIGNALS:
     /// The work picture is to take the keyboard focus.
     void pictureFocusRequested();
 
-protected:
-    /// The direction's icons follow the desktop's colours.
-    void changeEvent(QEvent* event) override;
-
 private:
     void fillLists();
     void drawIcons();
@@ -77,6 +73,7 @@ private:
     void rememberText();
 
     QString text() const { return m_style.txbWriteText->text(); }
+    std::int16_t depth() const; // pixels
     Direction direction() const;
 
     WorkPicture& m_work;

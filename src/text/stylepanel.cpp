@@ -19,7 +19,6 @@ namespace {
 
 constexpr int SmallestSize = 6; // points
 constexpr int LargestSize = 99;
-constexpr Colour Blue = rgb(0, 0, 255);
 
 // Pixels.
 constexpr int SampleWidth = 100;
@@ -42,7 +41,7 @@ StylePanel::StylePanel(WorkPicture& work, Dialogs& dialogs, QWidget* parent)
     , imgBold(new ImageButton(QStringLiteral("imgBold"), QStringLiteral("Gras"), this))
     , imgItalic(new ImageButton(QStringLiteral("imgItalic"), QStringLiteral("Italique"), this))
     , shpTextSample(named(new QFrame(this), "shpTextSample"))
-    , lblTextSample(new ColourBox(QStringLiteral("lblTextSample"), White, shpTextSample))
+    , lblTextSample(new TextSample(QStringLiteral("lblTextSample"), White, shpTextSample))
     , picTextColor(new ColourBox(QStringLiteral("picTextColor"), Black, this))
     , cmdTextColor(named(new QPushButton(QStringLiteral("..."), this), "cmdTextColor",
                          QStringLiteral("Choix de la couleur de texte")))
@@ -80,7 +79,7 @@ void StylePanel::setUpSample() {
     lblTextSample->setTextFormat(Qt::PlainText);
     lblTextSample->setAccessibleName(QStringLiteral("Exemple du texte"));
     lblTextSample->setAlignment(Qt::AlignCenter);
-    // The largest letters are cut rather than making the panel grow.
+    // The largest letters do not make the panel grow.
     lblTextSample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
 }
 
@@ -153,7 +152,7 @@ void StylePanel::UpdateTextSample() {
     }
     const Colour colour = picTextColor->BackColor();
     lblTextSample->setText(QStringLiteral("Aa"));
-    lblTextSample->setBackColor(colour == White ? Blue : White);
+    lblTextSample->setBackColor(sampleGround(colour));
     QPalette palette = lblTextSample->palette();
     palette.setColor(QPalette::WindowText, QColor(toPixel(colour)));
     lblTextSample->setPalette(palette);

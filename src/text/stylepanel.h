@@ -6,6 +6,7 @@
 #include "platform/dialogs.h"
 #include "platform/imagebutton.h"
 #include "platform/surface.h"
+#include "text/textsample.h"
 
 #include <QComboBox>
 #include <QFont>
@@ -36,7 +37,7 @@ public:
     ImageButton* const imgBold;
     ImageButton* const imgItalic;
     QFrame* const shpTextSample;
-    ColourBox* const lblTextSample;
+    TextSample* const lblTextSample;
     ColourBox* const picTextColor;
     QPushButton* const cmdTextColor;
     QLabel* const lblTextColor;

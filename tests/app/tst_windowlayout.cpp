@@ -35,6 +35,8 @@ void TestWindowLayout::followsTheFormulas() {
     QCOMPARE(layout.lblImageSize.top(), layout.HScroll1.top() + layout.HScroll1.height() + 10);
     QCOMPARE(layout.lblFileSpec.top(), layout.lblImageSize.top());
     QCOMPARE(layout.lblFileSpec.width(), layout.picZ.width() + barWidth);
+    QCOMPARE(layout.lblHint.right(), layout.lblFileSpec.right());
+    QCOMPARE(layout.lblHint.width(), WindowDesign().hintWidth);
 }
 
 void TestWindowLayout::nothingOverlaps_data() {
@@ -61,6 +63,7 @@ void TestWindowLayout::tinyWindowGivesNoNegativeSizes() {
     const WindowLayout layout = WindowLayout::arrange(QSize(50, 60), QSize(17, 17), WindowDesign());
     QVERIFY(layout.picZ.width() >= 0 && layout.picZ.height() >= 0);
     QVERIFY(layout.VScroll1.height() >= 0);
+    QVERIFY(layout.lblHint.width() >= 0);
 }
 
 QTEST_GUILESS_MAIN(TestWindowLayout)

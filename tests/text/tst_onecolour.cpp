@@ -1,4 +1,5 @@
 #include "text/colourcaption.h"
+#include "text/directionicon.h"
 #include "text/onecolourbench.h"
 #include "text/onecolourpanel.h"
 
@@ -6,6 +7,18 @@
 #include <QTest>
 
 using namespace ovrano;
+
+namespace {
+
+constexpr Colour TextColour = rgb(200, 40, 0); // what the bench chooses
+
+QImage iconOf(const OneColourBench& bench, int row) {
+    const QSize size(DirectionIconSide, DirectionIconSide);
+    return bench.panel.icb1Color3D->itemIcon(row).pixmap(size).toImage().convertToFormat(
+        QImage::Format_RGB32);
+}
+
+} // namespace
 
 class OneColourTest : public QObject {
     Q_OBJECT
@@ -17,7 +30,7 @@ private Q_SLOTS:
     void fitsIntoItsPlace();
     void iconShowsWhereTheExtrusionRuns_data();
     void iconShowsWhereTheExtrusionRuns();
-    void iconsFollowTheDesktopsColours();
+    void iconsFollowDepthAndColour();
 
     void refusedInputsChangeNothing_data();
     void refusedInputsChangeNothing();
@@ -87,13 +100,15 @@ void OneColourTest::iconShowsWhereTheExtrusionRuns() {
     QFETCH(int, row);
     QFETCH(QPoint, towards);
     OneColourBench bench;
-    const QImage icon = bench.panel.icb1Color3D->itemIcon(row).pixmap(16, 16).toImage();
-    const QRgb face = bench.panel.palette().color(QPalette::Text).rgb();
+    bench.panel.cboShadeThickness->setCurrentText(QStringLiteral("6"));
+    const QImage icon = iconOf(bench, row);
+    const QRgb face =
+        toPixel(extrusionLayers(TextColour, extrusionDepth(6), Direction(row + 1)).back().colour);
 
     QRect all, front;
     for (int y = 0; y < icon.height(); ++y)
         for (int x = 0; x < icon.width(); ++x) {
-            if (qAlpha(icon.pixel(x, y)) == 0)
+            if (icon.pixel(x, y) == toPixel(White))
                 continue;
             all |= QRect(x, y, 1, 1);
             if (icon.pixel(x, y) == face)
@@ -101,20 +116,23 @@ void OneColourTest::iconShowsWhereTheExtrusionRuns() {
         }
 
     QVERIFY(!front.isEmpty());
+    QCOMPARE(front.size(), QSize(9, 9));
+    QCOMPARE(all.size(), front.size() + QSize(6, 6));
     const QPoint shift = all.center() - front.center();
     QVERIFY2(shift.x() * towards.x() > 0 && shift.y() * towards.y() > 0,
              qPrintable(QStringLiteral("%1, %2").arg(shift.x()).arg(shift.y())));
 }
 
-void OneColourTest::iconsFollowTheDesktopsColours() {
+void OneColourTest::iconsFollowDepthAndColour() {
     OneColourBench bench;
-    const auto icon = [&] { return bench.panel.icb1Color3D->itemIcon(0).pixmap(16, 16).toImage(); };
-    const QImage light = icon();
-
-    QApplication::setPalette(QPalette(QColor(40, 40, 40)));
-    QApplication::processEvents();
-
-    QVERIFY(icon() != light);
+    const QImage before = iconOf(bench, 0);
+    bench.panel.cboShadeThickness->setCurrentText(QStringLiteral("9"));
+    const QImage deeper = iconOf(bench, 0);
+    QVERIFY(deeper != before);
+    bench.style.DispDialogColor(White);
+    const QImage whiteOnBlue = iconOf(bench, 0);
+    QCOMPARE(whiteOnBlue.pixel(0, 0), toPixel(rgb(0, 0, 255)));
+    QVERIFY(whiteOnBlue != deeper);
 }
 
 void OneColourTest::refusedInputsChangeNothing_data() {

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void stateAtStart();
     void arialIsShownEvenWhenItIsNotListed();
     void fitsIntoItsPlace();
+    void largeLettersAreShownSmallerNotCut();
     void controlsHaveNames();
 
     void missingPictureTextOrSizeIsReported_data();
@@ -92,6 +93,24 @@ void StylePanelTest::fitsIntoItsPlace() {
     QVERIFY2(sampleWidth >= 90 && sampleWidth <= 110, qPrintable(QString::number(sampleWidth)));
     bench.panel.resize(bench.panel.minimumSizeHint());
     QVERIFY(bench.panel.shpTextSample->height() >= 70);
+}
+
+void StylePanelTest::largeLettersAreShownSmallerNotCut() {
+    StyleBench bench;
+    bench.panel.show();
+    const TextSample& sample = *bench.panel.lblTextSample;
+    QCOMPARE(sample.shownFont(), sample.font()); // 24 points have room
+    bench.panel.txtFontSize->setEditText(QStringLiteral("99"));
+    QCOMPARE(sample.font(), textFont(QStringLiteral("Arial"), 99, false, false));
+    const QRect ink = QFontMetrics(sample.shownFont()).boundingRect(sample.text());
+    QVERIFY(ink.width() <= sample.contentsRect().width() && ink.height() <= sample.contentsRect().height());
+    QVERIFY(ink.width() > sample.contentsRect().width() / 2);
+
+    // Nothing of the letters touches the edges.
+    const QImage shown = bench.panel.lblTextSample->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    for (int x = 0; x < shown.width(); ++x)
+        for (const int y : {0, shown.height() - 1})
+            QCOMPARE(shown.pixel(x, y), toPixel(White));
 }
 
 void StylePanelTest::controlsHaveNames() {
