@@ -2,8 +2,10 @@
 #include "platform/runtimeerror.h"
 #include "ui/ccontrolflater.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QMouseEvent>
 
 using namespace ovrano;
 
@@ -44,10 +46,13 @@ class TestControlFlater : public QObject {
 private Q_SLOTS:
     void cleanup() { Form::restPointer(); }
     void attachRefusesWhatIsNoComboBox();
+    void attachKeepsTheFormerBoxWhenItFails();
     void restsWithoutTimer_data() { addKinds(); }
     void restsWithoutTimer();
     void risesUnderThePointer_data() { addKinds(); }
     void risesUnderThePointer();
+    void looksAtThePointerEveryTenMilliseconds();
+    void paintingTakesOnWhatWasNotTold();
     void aLeaveThatIsNotToldIsNoticed_data() { addKinds(); }
     void aLeaveThatIsNotToldIsNoticed();
     void aLeaveThatIsToldIsBelieved();
@@ -78,15 +83,29 @@ void TestControlFlater::attachRefusesWhatIsNoComboBox() {
     for (QObject* wrong : {static_cast<QObject*>(nullptr), static_cast<QObject*>(&field), &thing}) {
         cControlFlater flater;
         QString description;
+        int number = 0;
         try {
             flater.Attach(wrong);
         } catch (const RuntimeError& error) {
             description = error.description();
+            number = error.number();
         }
+        QCOMPARE(number, error::InvalidCall);
         QCOMPARE(description, QStringLiteral("Incorrect control type passed to 'Attach' parameter - must be "
                                              "a control with a hWnd property."));
         QVERIFY(!flater.control());
     }
+}
+
+void TestControlFlater::attachKeepsTheFormerBoxWhenItFails() {
+    QComboBox box;
+    QLineEdit field;
+    cControlFlater flater;
+    flater.Attach(&box);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, flater.Attach(&field));
+    QCOMPARE(flater.control(), &box);
+    box.setEnabled(false);
+    QCOMPARE(flater.state(), FlatState::Disabled);
 }
 
 void TestControlFlater::restsWithoutTimer() {
@@ -112,6 +131,33 @@ void TestControlFlater::risesUnderThePointer() {
         QVERIFY(becomes(bench.flater, FlatState::Normal));
         QVERIFY(!bench.flater.isFollowingPointer());
     }
+}
+
+void TestControlFlater::looksAtThePointerEveryTenMilliseconds() {
+    Bench bench(true);
+    QVERIFY(bench.form.appear());
+    const auto timers = [&] {
+        QList<int> intervals;
+        for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&bench.flater))
+            intervals.append(timer.interval);
+        return intervals;
+    };
+    QCOMPARE(timers(), QList<int>());
+    pointAt(*bench.box, OnText);
+    pointAt(*bench.box, OnArrow);
+    QCOMPARE(timers(), QList<int>{10});
+    Form::restPointer();
+    QVERIFY(stopsFollowing(bench.flater));
+    QCOMPARE(timers(), QList<int>());
+}
+
+void TestControlFlater::paintingTakesOnWhatWasNotTold() {
+    Bench bench(false);
+    QVERIFY(bench.form.appear());
+    QCursor::setPos(bench.box->mapToGlobal(OnText));
+    QCOMPARE(bench.flater.state(), FlatState::Normal); // what is told of it waits in a queue
+    bench.box->repaint();
+    QCOMPARE(bench.flater.state(), FlatState::Hot);
 }
 
 void TestControlFlater::aLeaveThatIsNotToldIsNoticed() {
@@ -199,6 +245,7 @@ void TestControlFlater::pressOpensTheList() {
     QTest::keyClick(bench.box->view(), Qt::Key_Escape);
     QVERIFY(becomes(bench.flater, FlatState::Hot));
     bench.other->setFocus();
+    QVERIFY(becomes(bench.flater, FlatState::Hot)); // the pointer is still there
     Form::restPointer();
     QVERIFY(becomes(bench.flater, FlatState::Normal));
     QVERIFY(!bench.flater.isFollowingPointer());
@@ -257,6 +304,13 @@ void TestControlFlater::pressOnTheTextSinksUntilTheRelease() {
     QTest::mousePress(bench.form.windowHandle(), Qt::LeftButton, {}, Place.topLeft() + OnText);
     QCOMPARE(bench.flater.state(), FlatState::Down);
     QTest::mouseRelease(bench.form.windowHandle(), Qt::LeftButton, {}, Place.topLeft() + OnText);
+    QCOMPARE(bench.flater.state(), FlatState::Hot);
+    // The second press of a double click is told as such.
+    QMouseEvent second(QEvent::MouseButtonDblClick, OnText, bench.box->mapToGlobal(OnText), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(bench.box->lineEdit(), &second);
+    QCOMPARE(bench.flater.state(), FlatState::Down);
+    QTest::mouseRelease(bench.box->lineEdit(), Qt::LeftButton);
     QCOMPARE(bench.flater.state(), FlatState::Hot);
     QVERIFY(!bench.box->view()->isVisible());
 }

@@ -3,7 +3,9 @@
 #include "ui/relief.h"
 
 #include <QLineEdit>
+#include <QScreen>
 #include <QStyleOption>
+#include <QWindow>
 
 using namespace ovrano;
 
@@ -11,14 +13,48 @@ namespace {
 
 constexpr QRect Place(50, 50, 120, 26);
 
+constexpr QPoint OnText(20, 13);
+
+/// What brings a box into a state.
+enum class Cause { Rest, Pointer, Keyboard, Press, OpenList, Disabling };
+
+FlatState stateAfter(Cause cause) {
+    switch (cause) {
+    case Cause::Pointer:
+    case Cause::Keyboard:
+        return FlatState::Hot;
+    case Cause::Press:
+    case Cause::OpenList:
+        return FlatState::Down;
+    case Cause::Disabling:
+        return FlatState::Disabled;
+    case Cause::Rest:
+        break;
+    }
+    return FlatState::Normal;
+}
+
+void press(const QComboBox& box) {
+    pointAt(box, OnText);
+    QTest::mousePress(box.window()->windowHandle(), Qt::LeftButton, {}, box.pos() + OnText);
+}
+
+void release(const QComboBox& box) {
+    QTest::mouseRelease(box.window()->windowHandle(), Qt::LeftButton, {}, box.pos() + OnText);
+}
+
 /// Brings a box into a state as a user would.
-void bring(cControlFlater& flater, QComboBox& box, FlatState state) {
-    box.setEnabled(state != FlatState::Disabled);
-    if (state == FlatState::Hot)
-        pointAt(box, QPoint(20, 13));
-    if (state == FlatState::Down)
+void bring(cControlFlater& flater, QComboBox& box, Cause cause) {
+    box.setEnabled(cause != Cause::Disabling);
+    if (cause == Cause::Pointer)
+        pointAt(box, OnText);
+    if (cause == Cause::Keyboard)
+        box.setFocus();
+    if (cause == Cause::Press)
+        press(box);
+    if (cause == Cause::OpenList)
         box.showPopup();
-    QVERIFY(becomes(flater, state));
+    QVERIFY(becomes(flater, stateAfter(cause)));
 }
 
 /// The drop-down button of a box of Place's size: the desktop's arrow field, as far as it is within the
@@ -60,6 +96,7 @@ private Q_SLOTS:
     void cleanup() { Form::restPointer(); }
     void edgesFollowTheTable_data();
     void edgesFollowTheTable();
+    void everyChangeComesToTheScreen();
     void edgesAreSharpAtScaleTwo();
     void edgesCanBeToldFromABlackFace();
     void textAndArrowAreThere_data() { addThemes(); }
@@ -77,24 +114,23 @@ private Q_SLOTS:
 void TestFlatCombo::edgesFollowTheTable_data() {
     QTest::addColumn<QPalette>("theme");
     QTest::addColumn<bool>("editable");
-    QTest::addColumn<FlatState>("state");
+    QTest::addColumn<Cause>("cause");
     const std::pair<const char*, QPalette> themes[] = {
         {"light", lightTheme()}, {"dark", darkTheme()}, {"high contrast", contrastTheme()}};
-    const std::pair<const char*, FlatState> states[] = {{"normal", FlatState::Normal},
-                                                        {"hot", FlatState::Hot},
-                                                        {"down", FlatState::Down},
-                                                        {"disabled", FlatState::Disabled}};
+    const std::pair<const char*, Cause> causes[] = {
+        {"at rest", Cause::Rest},  {"pointed at", Cause::Pointer}, {"with the keyboard", Cause::Keyboard},
+        {"pressed", Cause::Press}, {"open", Cause::OpenList},      {"disabled", Cause::Disabling}};
     for (const auto& [theme, palette] : themes)
-        for (const auto& [name, state] : states)
+        for (const auto& [name, cause] : causes)
             for (const bool editable : {false, true})
                 QTest::addRow("%s, %s, %s", theme, name, editable ? "editable" : "list")
-                    << palette << editable << state;
+                    << palette << editable << cause;
 }
 
 void TestFlatCombo::edgesFollowTheTable() {
     QFETCH(QPalette, theme);
     QFETCH(bool, editable);
-    QFETCH(FlatState, state);
+    QFETCH(Cause, cause);
     Form form;
     form.setPalette(theme);
     auto* box = form.add(new QComboBox, Place);
@@ -103,8 +139,9 @@ void TestFlatCombo::edgesFollowTheTable() {
     cControlFlater flater;
     flater.Attach(box);
     QVERIFY(form.appear());
-    bring(flater, *box, state);
+    bring(flater, *box, cause);
 
+    const FlatState state = stateAfter(cause);
     const Colours colours(*box);
     QColor topLeft = colours.face;
     QColor bottomRight = colours.face;
@@ -122,6 +159,41 @@ void TestFlatCombo::edgesFollowTheTable() {
     COMPARE_EDGE(image, outer.adjusted(2, 2, -2, -2), colours.face, colours.face);
     COMPARE_EDGE(image, dropDownButton(), topLeft, bottomRight);
     box->hidePopup();
+    if (cause == Cause::Press)
+        release(*box);
+}
+
+void TestFlatCombo::everyChangeComesToTheScreen() {
+    Form form;
+    form.setPalette(lightTheme());
+    auto* box = form.add(new QComboBox, Place);
+    box->setEditable(true);
+    cControlFlater flater;
+    flater.Attach(box);
+    QVERIFY(form.appear());
+    // What the window shows by itself, without being drawn for the test.
+    const auto shows = [&](const QColor& topLeft, const QColor& bottomRight) {
+        const auto fault = [&] {
+            const QPixmap screen = form.screen()->grabWindow(form.winId());
+            return edgeFault(screen.toImage(), Place, topLeft, bottomRight);
+        };
+        return QTest::qWaitFor([&] { return fault().isEmpty(); });
+    };
+    const Colours colours(*box);
+    QVERIFY(shows(colours.face, colours.face));
+    box->setFocus();
+    QVERIFY(shows(colours.highlight, colours.shadow));
+    press(*box);
+    QVERIFY(shows(colours.shadow, colours.highlight));
+    release(*box);
+    QVERIFY(shows(colours.highlight, colours.shadow));
+    press(*box);
+    QVERIFY(shows(colours.shadow, colours.highlight));
+    Form::restPointer(); // the button is still held
+    QVERIFY(shows(colours.highlight, colours.shadow));
+    box->clearFocus();
+    QVERIFY(shows(colours.face, colours.face));
+    release(*box);
 }
 
 void TestFlatCombo::edgesAreSharpAtScaleTwo() {
@@ -131,7 +203,7 @@ void TestFlatCombo::edgesAreSharpAtScaleTwo() {
     cControlFlater flater;
     flater.Attach(box);
     QVERIFY(form.appear());
-    bring(flater, *box, FlatState::Hot);
+    bring(flater, *box, Cause::Pointer);
     const QImage single = shot(*box);
     QImage image(Place.size() * 2, QImage::Format_RGB32);
     image.setDevicePixelRatio(2);

@@ -73,6 +73,20 @@ private:
     }
 };
 
+/// Notes the controls that are given another style, each once for every time.
+class StyleWatch : public QObject {
+public:
+    StyleWatch() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::StyleChange)
+            changed.append(watched);
+        return false;
+    }
+
+    QObjectList changed;
+};
+
 void compareStaticEdge(QWidget& widget) {
     const Relief relief = reliefOf(widget.palette());
     COMPARE_EDGE(shot(widget), widget.rect(), relief.shadow, relief.highlight);
@@ -89,6 +103,7 @@ private Q_SLOTS:
     void buttonsAndTextBoxes();
     void combos();
     void wholeForm();
+    void buttonsThenFieldsThenListsThenCombos();
     void otherWindowsAreLeftAlone();
     void listOfCombosGrowsAndForgets();
     void formWithoutCombos();
@@ -147,6 +162,18 @@ void TestFlatten::wholeForm() {
     QVERIFY(cControlFlater::of(nested));
     QVERIFY(!isFlat(*frame));
     QVERIFY(!isFlat(all.form));
+}
+
+void TestFlatten::buttonsThenFieldsThenListsThenCombos() {
+    Form form;
+    auto* box = form.add(new QComboBox, QRect(QPoint(0, 0), Size));
+    auto* list = form.add(new QListWidget, QRect(QPoint(0, 30), Size));
+    auto* field = form.add(new QLineEdit, QRect(QPoint(0, 60), Size));
+    auto* button = form.add(new QPushButton, QRect(QPoint(0, 90), Size));
+    const StyleWatch watch;
+    flattenForm(form);
+    flattenForm(form); // what is flat already is left alone
+    QCOMPARE(watch.changed, QObjectList({button, field, list, box}));
 }
 
 void TestFlatten::otherWindowsAreLeftAlone() {
