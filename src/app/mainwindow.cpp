@@ -27,6 +27,7 @@ namespace {
 
 constexpr Colour DefaultTextColour = rgb(0, 64, 128);
 constexpr QSize SmallestWindow(900, 480);
+constexpr int WidestTextPanel = 860; // pixels
 
 QWidget* newContent(QMainWindow& window) {
     auto* content = new QWidget(&window);
@@ -90,11 +91,14 @@ QFrame* MainWindow::newTextPanel() {
     auto* row = new QHBoxLayout(panel);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(6);
+    // On a wide screen the three stay together, so that the way from one to the next is short.
+    frafont->setMaximumWidth(WidestTextPanel);
     row->addWidget(frafont, 1);
     row->addWidget(fraRotateAngle);
     row->addWidget(fra1Color3D);
     cmdOneColour->setObjectName(QStringLiteral("cmdOneColour"));
     row->addWidget(cmdOneColour, 0, Qt::AlignCenter);
+    row->addStretch();
     cmdOneColour->hide();
     return panel;
 }

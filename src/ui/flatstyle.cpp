@@ -3,6 +3,7 @@
 #include "ui/ccontrolflater.h"
 #include "ui/flatcombo.h"
 #include "ui/flatpanels.h"
+#include "ui/outlines.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -67,6 +68,8 @@ void FlatStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         drawFlatField(*painter, *frame);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_IndicatorCheckBox)
+        outlineWhereNeeded(*painter, option->rect, *option);
 }
 
 void FlatStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -88,6 +91,12 @@ void FlatStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const auto* flater = control == CC_ComboBox && box ? cControlFlater::of(widget) : nullptr;
     if (!flater) {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control == CC_ScrollBar)
+            outlineWhereNeeded(*painter, subControlRect(control, option, SC_ScrollBarSlider, widget),
+                               *option);
+        else if (control == CC_Slider)
+            for (const SubControl part : {SC_SliderGroove, SC_SliderHandle})
+                outlineWhereNeeded(*painter, subControlRect(control, option, part, widget), *option);
         return;
     }
     drawFlatCombo(*painter, *box, comboButton(*box, widget), flater->state());

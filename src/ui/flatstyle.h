@@ -8,8 +8,9 @@ namespace ovrano {
 
 /// Draws the program's flat controls: text boxes and lists with a thin static edge (the shadow at the top
 /// left, the highlight at the bottom right), buttons with the same edge around a face of their own, and combo
-/// boxes in the state that their cControlFlater tells. Sizes and everything else come from the desktop's
-/// style.
+/// boxes in the state that their cControlFlater tells. Tool buttons that are on sink like other buttons, and
+/// what shows a state or can be dragged is outlined in palettes of high contrast. Sizes and everything else
+/// come from the desktop's style.
 ///
 /// There is one such style. It is given to the flattened controls alone, so that the toolkit's own dialogs
 /// keep the desktop's look, and a change of the application's style does not take it away: it then goes on

@@ -2,7 +2,9 @@
 
 #include "ui/flatstyle.h"
 
+#include <QAbstractSlider>
 #include <QAbstractSpinBox>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
@@ -103,12 +105,20 @@ void AttachFlatCombos(QWidget& form) {
     }
 }
 
+void OutlineIndicators(QWidget& form) {
+    for (QWidget* control : controlsOf(form))
+        if (qobject_cast<QToolButton*>(control) || qobject_cast<QCheckBox*>(control) ||
+            qobject_cast<QAbstractSlider*>(control))
+            SetStaticEdge(*control);
+}
+
 void flattenForm(QWidget& form) {
     for (const QString& typeName :
          {QStringLiteral("commandbutton"), QStringLiteral("textbox"), QStringLiteral("listbox")})
         FlattenControlsOfType(form, typeName);
     AttachFlatCombos(form);
     FlattenButtonsAndTextBoxes(form);
+    OutlineIndicators(form);
 }
 
 const FlatCombos& flatCombos() {

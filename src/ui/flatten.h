@@ -22,6 +22,10 @@ void FlattenControlsOfType(QWidget& form, const QString& typeName);
 /// The same for "CommandButton" and "TextBox". Progress bars ("ProgressBar") keep the desktop's look.
 void FlattenButtonsAndTextBoxes(QWidget& form);
 
+/// Has what shows a state or can be dragged (tool buttons, check boxes, sliders, scroll bars) seen in every
+/// palette.
+void OutlineIndicators(QWidget& form);
+
 /// Gives every combo box of the form ("ComboBox", or "ImageCombo" when its items have icons) a flat frame. A
 /// box that has one keeps it.
 void AttachFlatCombos(QWidget& form);

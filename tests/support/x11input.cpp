@@ -10,6 +10,7 @@
 #include <QWindow>
 
 #include <array>
+#include <cmath>
 #include <ranges>
 #include <xcb/xtest.h>
 
@@ -126,9 +127,12 @@ bool X11Input::isInPlace(const QWindow& window) {
         xcb_translate_coordinates_reply(server, askPlace, nullptr));
     if (!state || !size || !place || state->map_state != XCB_MAP_STATE_VIEWABLE)
         return false;
-    const QRect wanted = window.geometry();
-    return QRect(onServer(wanted.topLeft()), window.size() * m_scale) ==
-           QRect(place->dst_x, place->dst_y, size->width, size->height);
+    const QRect wanted(onServer(window.geometry().topLeft()), window.size() * m_scale);
+    const QRect found(place->dst_x, place->dst_y, size->width, size->height);
+    // The server's pixels need not make up whole ones of the program.
+    const auto near = [this](int a, int b) { return std::abs(a - b) < m_scale; };
+    return near(wanted.left(), found.left()) && near(wanted.top(), found.top()) &&
+           near(wanted.width(), found.width()) && near(wanted.height(), found.height());
 }
 
 void X11Input::moveTo(QPoint global) {

@@ -158,7 +158,7 @@ void TestFlatten::wholeForm() {
     auto* frame = all.form.add(new QGroupBox, QRect(150, 0, 200, 100));
     auto* nested = new QComboBox(frame);
     flattenForm(all.form);
-    QCOMPARE(all.flatOnes(), QStringList({"button", "tool", "field", "list", "box", "editable"}));
+    QCOMPARE(all.flatOnes(), QStringList({"button", "tool", "raising", "field", "list", "box", "editable"}));
     QVERIFY(cControlFlater::of(nested));
     QVERIFY(!isFlat(*frame));
     QVERIFY(!isFlat(all.form));
@@ -173,7 +173,9 @@ void TestFlatten::buttonsThenFieldsThenListsThenCombos() {
     const StyleWatch watch;
     flattenForm(form);
     flattenForm(form); // what is flat already is left alone
-    QCOMPARE(watch.changed, QObjectList({button, field, list, box}));
+    // Last come what slides and the like: here the scroll bars of the list.
+    QCOMPARE(watch.changed.first(4), QObjectList({button, field, list, box}));
+    QCOMPARE(watch.changed.size(), 6);
 }
 
 void TestFlatten::otherWindowsAreLeftAlone() {
@@ -352,7 +354,8 @@ void TestFlatten::followsTheApplicationsStyle() {
     for (const QString& name :
          {QStringLiteral("windows"), QStringLiteral("fusion"), QStringLiteral("windows")}) {
         QApplication::setStyle(name);
-        QCOMPARE(all.flatOnes(), QStringList({"button", "tool", "field", "list", "box", "editable"}));
+        QCOMPARE(all.flatOnes(),
+                 QStringList({"button", "tool", "raising", "field", "list", "box", "editable"}));
         QCOMPARE(FlatStyle::instance().baseStyle()->name(), name);
         // What the style beneath decides is what the application's decides.
         QPushButton plain(QStringLiteral("Appliquer"));
