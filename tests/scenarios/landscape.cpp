@@ -120,4 +120,22 @@ QImage landscape(QSize size) {
     return picture;
 }
 
+QImage balloon(QSize size) {
+    QImage picture(size, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setPen(Qt::NoPen);
+    painter.scale(size.width() / 180.0, size.height() / 220.0);
+    const QColor stripes[] = {QColor(200, 50, 40), QColor(250, 205, 90), QColor(200, 50, 40)};
+    for (int i = 0; i < 3; ++i) { // each narrower than the one behind it
+        painter.setBrush(stripes[i]);
+        painter.drawEllipse(QPointF(90, 85), 75 - 27 * i, 78);
+    }
+    painter.setPen(QPen(QColor(90, 60, 40), 2));
+    painter.drawLine(45, 147, 75, 190);
+    painter.drawLine(135, 147, 105, 190);
+    painter.fillRect(72, 188, 36, 24, QColor(120, 80, 50));
+    return picture;
+}
+
 } // namespace ovrano::testing

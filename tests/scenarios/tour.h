@@ -26,6 +26,7 @@ public:
     void play();
 
     QString photoPath() const { return m_folder.filePath(QStringLiteral("photo.jpg")); }
+    QString balloonPath() const { return m_folder.filePath(QStringLiteral("ballon.bmp")); }
     QString resultPath(const QString& suffix) const {
         return m_folder.filePath(QStringLiteral("porquerolles.") + suffix);
     }
@@ -33,7 +34,7 @@ public:
     QRect placed() const { return m_placed; }
 
 private:
-    void makePhoto();
+    void makePictures();
     void open();
     void write();
     void chooseColour();
@@ -45,6 +46,8 @@ private:
     void saveAs(const std::function<void()>& askForIt, const QString& type, const QString& suffix,
                 const QString& explanation);
     void saveAll();
+    void moveZone();
+    void pasteBalloon();
     void composeInTwoColours();
     void layInACircle();
     void quit();

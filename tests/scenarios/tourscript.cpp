@@ -16,6 +16,7 @@ namespace ovrano::testing {
 
 namespace {
 
+constexpr QSize BalloonSize(180, 220);
 const QString Text = QStringLiteral("Été à Porquerolles");
 const QString MainWindowName = QStringLiteral("frmPicText0");
 
@@ -24,7 +25,7 @@ QDir prepared(const QDir& folder) {
     if (!folder.mkpath(QStringLiteral(".")))
         throw InputError(QStringLiteral("the folder %1 cannot be made").arg(folder.path()));
     const QStringList patterns = {QStringLiteral("[0-9][0-9]-*.png"), QStringLiteral("photo.jpg"),
-                                  QStringLiteral("porquerolles.*")};
+                                  QStringLiteral("ballon.bmp"), QStringLiteral("porquerolles.*")};
     for (const QString& name : folder.entryList(patterns, QDir::Files))
         QFile::remove(folder.filePath(name));
     return folder;
@@ -59,7 +60,7 @@ Tour::Tour(MainWindow& window, const QDir& folder, int width)
     , m_width(width) {}
 
 void Tour::play() {
-    makePhoto();
+    makePictures();
     m_user.waitForWindow(MainWindowName);
     show(QStringLiteral("depart"), QStringLiteral("the program as it starts, with a blank picture"));
     open();
@@ -71,15 +72,18 @@ void Tour::play() {
     drag();
     drop();
     saveAll();
+    moveZone();
+    pasteBalloon();
     composeInTwoColours();
     layInACircle();
     quit();
 }
 
-void Tour::makePhoto() {
-    if (!landscape(PhotoSize).save(photoPath(), "jpg", 92))
-        throw InputError(QStringLiteral("the photo cannot be written"));
+void Tour::makePictures() {
+    if (!landscape(PhotoSize).save(photoPath(), "jpg", 92) || !balloon(BalloonSize).save(balloonPath()))
+        throw InputError(QStringLiteral("the pictures cannot be written"));
     say(photoPath(), QStringLiteral("the photo that the text is written on"));
+    say(balloonPath(), QStringLiteral("a drawing on white, to be pasted onto it"));
 }
 
 void Tour::open() {
@@ -174,6 +178,29 @@ void Tour::saveAll() {
            QStringLiteral("the result as JPEG of ratio 80, through the button"));
     saveAs([this] { m_user.input.strike(Qt::CTRL | Qt::Key_S); }, QStringLiteral("Fichier GIF 256 couleurs"),
            QStringLiteral("gif"), QStringLiteral("the result as GIF of 256 colours, through the key"));
+}
+
+void Tour::moveZone() {
+    // The tool is still on from placing the text.
+    m_user.input.drag(onScreen(QPoint(60, 60)), onScreen(QPoint(420, 220)), 8);
+    waitForLiftedBlock(true);
+    m_user.input.drag(onScreen(QPoint(240, 140)), onScreen(QPoint(320, 200)), 8);
+    show(QStringLiteral("zone"), QStringLiteral("a zone is framed and dragged; its place is left behind"));
+    m_user.click(QStringLiteral("CmdAnnul"));
+    m_user.waitFor([this] { return !m_window.work().UndoAvailable; }, QStringLiteral("undo"));
+}
+
+void Tour::pasteBalloon() {
+    m_user.chooseMenu(QStringLiteral("mnuEdit"), QStringLiteral("mnuEditPasteFromFileTransparent"));
+    m_user.waitFor([] { return activeDialog<QFileDialog>() != nullptr; }, QStringLiteral("the file dialog"));
+    m_user.input.type(QDir::toNativeSeparators(QFileInfo(balloonPath()).absoluteFilePath()));
+    answerFileDialog(balloonPath());
+    waitForLiftedBlock(true);
+    const QPoint grabbed = block().center();
+    m_user.input.drag(onScreen(grabbed), onScreen(QPoint(420, 380)), 12);
+    show(QStringLiteral("coller"), QStringLiteral("a drawing is pasted, its white made transparent"));
+    m_user.input.strike(Qt::Key_Return);
+    waitForLiftedBlock(false);
 }
 
 void Tour::composeInTwoColours() {
