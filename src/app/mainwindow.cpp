@@ -140,7 +140,7 @@ void MainWindow::connectEditMenu() {
 }
 
 void MainWindow::connectTextTools() {
-    connect(cmdOneColour, &QAbstractButton::clicked, this, [this] { mnuTextWrite_Click(0); });
+    connect(cmdOneColour, &QAbstractButton::clicked, this, unlessUnderWay([this] { mnuTextWrite_Click(0); }));
     const auto focusPicture = [this] { m_view.picDisp->setFocus(); };
     connect(frafont, &StylePanel::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(frafont, &StylePanel::pictureFocusRequested, this, focusPicture);
@@ -152,9 +152,10 @@ void MainWindow::connectTextTools() {
 }
 
 void MainWindow::connectEditing() {
-    connect(m_toolBox->imgRegion, &QAbstractButton::clicked, this, [this] { m_pointer.imgRegion_Click(); });
+    connect(m_toolBox->imgRegion, &QAbstractButton::clicked, this,
+            unlessUnderWay([this] { m_pointer.imgRegion_Click(); }));
     connect(m_toolBox->imgColorPicker, &QAbstractButton::clicked, this,
-            [this] { m_pointer.imgColorPicker_Click(); });
+            unlessUnderWay([this] { m_pointer.imgColorPicker_Click(); }));
     connect(&m_pointer, &PointerModes::colourPicked, this,
             [this](Colour colour) { frafont->DispDialogColor(colour); });
     connect(&m_pointer, &PointerModes::backgroundColourLocked, &m_background, &BackgroundColour::lock);
@@ -166,14 +167,10 @@ void MainWindow::connectEditing() {
 }
 
 void MainWindow::connectDocument() {
-    connect(m_toolBox->Command1, &QAbstractButton::clicked, this, [this] {
-        if (!EventYield::isUnderWay())
-            Command1_Click();
-    });
-    connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this, [this] {
-        if (!EventYield::isUnderWay())
-            CmdAnnul_Click();
-    });
+    connect(m_toolBox->Command1, &QAbstractButton::clicked, this,
+            unlessUnderWay([this] { Command1_Click(); }));
+    connect(m_toolBox->CmdAnnul, &QAbstractButton::clicked, this,
+            unlessUnderWay([this] { CmdAnnul_Click(); }));
     connect(m_toolBox->cmdCancel, &QAbstractButton::clicked, this, [this] { cmdCancel_Click(); });
     connect(&m_undo, &Undo::pickerReleased, &m_pointer, &PointerModes::releasePicker);
     connect(&m_open, &FileOpen::pickerReleased, &m_pointer, &PointerModes::releasePicker);
@@ -259,10 +256,11 @@ void MainWindow::mnuFile_Click() {
 }
 
 void MainWindow::mnuEdit_Click() {
-    const EditEntries enabled = EditEntries::enabledIn({.imageLoaded = m_work.ImageLoaded,
-                                                        .undoAvailable = m_work.UndoAvailable,
-                                                        .hasSelection = m_block.HasSelection,
-                                                        .clipboardOffersPicture = clipboardOffersPicture()});
+    const EditEntries enabled =
+        EditEntries::enabledIn({.imageLoaded = m_work.ImageLoaded,
+                                .undoAvailable = m_work.UndoAvailable,
+                                .hasSelection = m_block.HasSelection,
+                                .clipboardOffersPicture = ClipboardOffer::now().includesPicture()});
     m_toolBox->CmdAnnul->setEnabled(enabled.undo);
     m_menus.mnuEditUndo->setEnabled(enabled.undo);
     m_menus.mnuEditCut->setEnabled(enabled.cut);

@@ -74,10 +74,7 @@ void Menus::setRule(QMenu* menu, const std::function<void()>& rule) {
 }
 
 void Menus::setCommand(QAction* entry, std::function<void()> command) {
-    connect(entry, &QAction::triggered, this, [command = std::move(command)] {
-        if (!EventYield::isUnderWay())
-            command();
-    });
+    connect(entry, &QAction::triggered, this, unlessUnderWay(std::move(command)));
 }
 
 QMenu* Menus::newMenu(const char* name, const QString& caption) {

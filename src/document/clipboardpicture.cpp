@@ -24,26 +24,26 @@ std::optional<Raster> attempt(Read&& read) {
     }
 }
 
-std::optional<Raster> rasterPicture() {
-    for (const QString& type : clipboardRasterTypes())
+std::optional<Raster> rasterPicture(const ClipboardOffer& offer) {
+    for (const QString& type : offer.rasterTypes())
         if (auto picture = attempt([&] { return decodePicture(clipboardBytes(type)); }))
             return picture;
-    if (const QString path = clipboardPictureFile(); !path.isEmpty())
+    if (const QString path = offer.pictureFile(); !path.isEmpty())
         return attempt([&] { return LoadPicture(path); });
     return std::nullopt;
 }
 
-std::optional<Raster> vectorPicture() {
-    const QString type = clipboardVectorType();
+std::optional<Raster> vectorPicture(const ClipboardOffer& offer) {
+    const QString type = offer.vectorType();
     return type.isEmpty() ? std::nullopt : attempt([&] { return renderVectorPicture(clipboardBytes(type)); });
 }
 
 /// From a system whose own picture format the toolkit translates. It would do so with a vector picture as
 /// well, and with all that this refers to.
-std::optional<Raster> systemPicture() {
-    if (!clipboardVectorType().isEmpty())
+std::optional<Raster> systemPicture(const ClipboardOffer& offer) {
+    if (!offer.vectorType().isEmpty())
         return std::nullopt;
-    QImage image = clipboardImage();
+    QImage image = offer.image();
     if (image.isNull())
         return std::nullopt;
     requireAcceptable(image.size());
@@ -54,8 +54,11 @@ std::optional<Raster> systemPicture() {
 } // namespace
 
 std::optional<Raster> clipboardPicture() {
-    for (const auto& read : {ownClipboardPicture, rasterPicture, vectorPicture, systemPicture})
-        if (auto picture = read())
+    if (auto own = ownClipboardPicture())
+        return own;
+    const ClipboardOffer offer = ClipboardOffer::now();
+    for (const auto& read : {rasterPicture, vectorPicture, systemPicture})
+        if (auto picture = read(offer))
             return picture;
     return std::nullopt;
 }

@@ -21,6 +21,7 @@ QScrollBar* newBar(const char* name, Qt::Orientation orientation, const QString&
     auto* bar = new QScrollBar(orientation, parent);
     bar->setObjectName(QLatin1String(name));
     bar->setAccessibleName(accessibleName);
+    bar->setFocusPolicy(Qt::TabFocus);
     bar->setRange(0, 0);
     bar->setSingleStep(1);
     bar->setPageStep(1);
@@ -44,6 +45,8 @@ void applyRange(QScrollBar& bar, double picture, double viewport) {
     bar.setSingleStep(range.SmallChange);
     bar.setPageStep(range.LargeChange);
     bar.setMaximum(range.Max);
+    // Where there is something to scroll, it can be done without a mouse.
+    bar.setFocusPolicy(range.Max > 0 ? Qt::TabFocus : Qt::NoFocus);
 }
 
 /// The value that brings a coordinate into a viewport that starts at `value`, moving as little as possible.
@@ -83,6 +86,9 @@ PictureView::PictureView(WorkPicture& work, QWidget* parent)
     , HScroll1(newBar("HScroll1", Qt::Horizontal, QStringLiteral("Défilement horizontal"), parent))
     , VScroll1(newBar("VScroll1", Qt::Vertical, QStringLiteral("Défilement vertical"), parent))
     , m_work(work) {
+    picDisp->setAccessibleName(QStringLiteral("Image de travail"));
+    QWidget::setTabOrder(picDisp, VScroll1); // as one reads: what is beside the picture before what is below
+    QWidget::setTabOrder(VScroll1, HScroll1);
     picSnap->hide();
     picZ->installEventFilter(this);
     new Panning(*picZ, *picDisp, *HScroll1, *VScroll1, this);

@@ -1,6 +1,7 @@
 #include "editing/backgroundcolour.h"
 
 #include "platform/errorreporter.h"
+#include "platform/yield.h"
 
 namespace ovrano {
 
@@ -13,7 +14,7 @@ BackgroundColour::BackgroundColour(WorkPicture& work, LiftedBlock& block, QAbstr
     , LblFond(label)
     , m_dialogs(dialogs)
     , CommonDialog1(dialogs) {
-    connect(&Command2, &QAbstractButton::clicked, this, &BackgroundColour::Command2_Click);
+    connect(&Command2, &QAbstractButton::clicked, this, unlessUnderWay([this] { Command2_Click(); }));
 }
 
 void BackgroundColour::Command2_Click() {

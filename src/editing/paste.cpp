@@ -64,7 +64,7 @@ void Paste::afterwards(bool transparentBefore) {
 }
 
 void Paste::PasteFromClipboard() {
-    if (!clipboardOffersPicture())
+    if (!ClipboardOffer::now().includesPicture())
         return reportNoPicture();
     prepare();
     if (const auto picture = clipboardPicture())
@@ -84,7 +84,7 @@ void Paste::PasteFromFile() {
 void Paste::Mnu_ColleNouvIMG_Click() {
     trapErrors(m_dialogs, QStringLiteral("Mnu_ColleNouvIMG_Click"), [this] {
         // Read before anything is given up: the picture stays when nothing comes in its place.
-        if (const auto picture = clipboardOffersPicture() ? clipboardPicture() : std::nullopt)
+        if (const auto picture = ClipboardOffer::now().includesPicture() ? clipboardPicture() : std::nullopt)
             replacePicture(*picture);
         else
             reportNoPicture();

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <utility>
 
 namespace ovrano {
 
@@ -44,13 +45,6 @@ QStringList announced() {
     return data ? data->formats() : QStringList();
 }
 
-QStringList rasterTypesAmong(const QStringList& types) {
-    QStringList found;
-    std::copy_if(RasterTypes.begin(), RasterTypes.end(), std::back_inserter(found),
-                 [&types](const QString& type) { return types.contains(type); });
-    return found;
-}
-
 /// The lines of a list of files that are no remarks.
 QList<QUrl> urlsIn(const QByteArray& list) {
     QList<QUrl> urls;
@@ -60,12 +54,48 @@ QList<QUrl> urlsIn(const QByteArray& list) {
     return urls;
 }
 
-/// A file copied in a file manager, when its name is a picture's. The file itself is not touched: it may be
-/// a pipe or lie on a network that does not answer.
-QString pictureFileAmong(const QStringList& types) {
+} // namespace
+
+ClipboardOffer::ClipboardOffer(QStringList types)
+    : m_types(std::move(types)) {}
+
+ClipboardOffer ClipboardOffer::now() {
+    return ClipboardOffer(announced());
+}
+
+bool ClipboardOffer::includes(ClipboardFormat format) const {
+    switch (format) {
+    case ClipboardFormat::Bitmap:
+    case ClipboardFormat::Dib:
+        return m_types.contains(ToolkitImage) || !rasterTypes().isEmpty() || !pictureFile().isEmpty();
+    case ClipboardFormat::Metafile:
+        return !vectorType().isEmpty();
+    case ClipboardFormat::Palette:
+        break;
+    }
+    return false;
+}
+
+bool ClipboardOffer::includesPicture() const {
+    // Raster pictures have two numbers and are looked for once.
+    return includes(ClipboardFormat::Metafile) || includes(ClipboardFormat::Bitmap);
+}
+
+QStringList ClipboardOffer::rasterTypes() const {
+    QStringList found;
+    std::copy_if(RasterTypes.begin(), RasterTypes.end(), std::back_inserter(found),
+                 [this](const QString& type) { return m_types.contains(type); });
+    return found;
+}
+
+QString ClipboardOffer::vectorType() const {
+    return m_types.contains(VectorType) ? VectorType : QString();
+}
+
+QString ClipboardOffer::pictureFile() const {
     static const QStringList suffixes = {QStringLiteral("bmp"), QStringLiteral("gif"), QStringLiteral("jpg"),
                                          QStringLiteral("jpeg"), QStringLiteral("png")};
-    if (!types.contains(FilesType))
+    if (!m_types.contains(FilesType))
         return QString();
     const QList<QUrl> urls = urlsIn(clipboardBytes(FilesType));
     const bool isPicture =
@@ -74,44 +104,9 @@ QString pictureFileAmong(const QStringList& types) {
     return isPicture ? urls.first().toLocalFile() : QString();
 }
 
-bool offers(const QStringList& types, ClipboardFormat format) {
-    switch (format) {
-    case ClipboardFormat::Bitmap:
-    case ClipboardFormat::Dib:
-        return types.contains(ToolkitImage) || !rasterTypesAmong(types).isEmpty() ||
-               !pictureFileAmong(types).isEmpty();
-    case ClipboardFormat::Metafile:
-        return types.contains(VectorType);
-    case ClipboardFormat::Palette:
-        break;
-    }
-    return false;
-}
-
-} // namespace
-
-bool clipboardOffers(ClipboardFormat format) {
-    return offers(announced(), format);
-}
-
-bool clipboardOffersPicture() {
-    const QStringList types = announced();
-    // Raster pictures have two numbers and are looked for once.
-    return offers(types, ClipboardFormat::Metafile) || offers(types, ClipboardFormat::Bitmap);
-}
-
-std::optional<Raster> ownClipboardPicture() {
-    if (const auto* own = qobject_cast<const PictureMimeData*>(held()))
-        return own->picture();
-    return std::nullopt;
-}
-
-QStringList clipboardRasterTypes() {
-    return rasterTypesAmong(announced());
-}
-
-QString clipboardVectorType() {
-    return announced().contains(VectorType) ? VectorType : QString();
+QImage ClipboardOffer::image() const {
+    const QMimeData* data = m_types.contains(ToolkitImage) ? held() : nullptr;
+    return data ? qvariant_cast<QImage>(data->imageData()) : QImage();
 }
 
 QByteArray clipboardBytes(const QString& type) {
@@ -122,13 +117,10 @@ QByteArray clipboardBytes(const QString& type) {
     return data ? data->data(type) : QByteArray();
 }
 
-QString clipboardPictureFile() {
-    return pictureFileAmong(announced());
-}
-
-QImage clipboardImage() {
-    const QMimeData* data = announced().contains(ToolkitImage) ? held() : nullptr;
-    return data ? qvariant_cast<QImage>(data->imageData()) : QImage();
+std::optional<Raster> ownClipboardPicture() {
+    if (const auto* own = qobject_cast<const PictureMimeData*>(held()))
+        return own->picture();
+    return std::nullopt;
 }
 
 void putOnClipboard(const Raster& picture) {

@@ -15,30 +15,41 @@ namespace ovrano {
 /// offers raster pictures (2 and 8 alike) and vector pictures (3, SVG); a palette (9) it never offers.
 enum class ClipboardFormat { Bitmap = 2, Metafile = 3, Dib = 8, Palette = 9 };
 
-/// Whether the system clipboard offers a format now. Looks at what is announced, and at the names of copied
-/// files; reads no picture. Yields while it waits for the clipboard's owner.
-bool clipboardOffers(ClipboardFormat format);
+/// What the owner of the system clipboard announced when it was asked, in one question however much is then
+/// wanted of it. The owner may be gone by the time that something is fetched, or give something else, or be
+/// another one; fetching yields.
+class ClipboardOffer {
+public:
+    /// Asks now; yields while the owner does not answer.
+    static ClipboardOffer now();
 
-/// Whether it offers any of the four.
-bool clipboardOffersPicture();
+    /// Looks at what is announced, and at the names of copied files; reads no picture.
+    bool includes(ClipboardFormat format) const;
+    /// Whether it includes any of the four.
+    bool includesPicture() const;
 
-// What it holds now. Its owner may be gone, or give something else than it announced, or change while a
-// picture is on its way: all of these yield.
+    /// The types under which a raster picture is offered, the best first: PNG, then BMP under its several
+    /// names, then JPEG.
+    QStringList rasterTypes() const;
+    /// The type of a vector picture; empty when none is offered.
+    QString vectorType() const;
+    /// The path of a picture file that was copied in a file manager; empty when there is none. The file
+    /// itself is not touched: it may be a pipe or lie on a network that does not answer.
+    QString pictureFile() const;
+    /// The picture of a system whose clipboard has no such types; null when there is none.
+    QImage image() const;
+
+private:
+    explicit ClipboardOffer(QStringList types);
+
+    QStringList m_types;
+};
+
+/// The bytes of a type; none when the owner does not give them. Yields.
+QByteArray clipboardBytes(const QString& type);
 
 /// The picture that this program itself put there, shared and not copied.
 std::optional<Raster> ownClipboardPicture();
-
-/// The types under which a raster picture is offered, the best first: PNG, then BMP under its several names,
-/// then JPEG.
-QStringList clipboardRasterTypes();
-/// The type of a vector picture; empty when none is offered.
-QString clipboardVectorType();
-/// The bytes of a type; none when the owner does not give them.
-QByteArray clipboardBytes(const QString& type);
-/// The path of a picture file that was copied in a file manager; empty when there is none.
-QString clipboardPictureFile();
-/// The picture of a system whose clipboard has no such types; null when there is none.
-QImage clipboardImage();
 
 /// Puts a picture on the clipboard for every program, as PNG and as BMP. Its pixels are shared with the
 /// caller and encoded when another program asks for them. An empty picture is not put there.

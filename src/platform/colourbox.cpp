@@ -12,6 +12,15 @@ QColor readableOn(Colour colour) {
     return brightness < 128'000 ? Qt::white : Qt::black;
 }
 
+/// A colour for those who do not see it: "rouge 0, vert 64, bleu 128 (#004080)".
+QString inWords(Colour colour) {
+    return QStringLiteral("rouge %1, vert %2, bleu %3 (%4)")
+        .arg(redOf(colour))
+        .arg(greenOf(colour))
+        .arg(blueOf(colour))
+        .arg(QColor(toPixel(colour)).name().toUpper());
+}
+
 } // namespace
 
 ColourBox::ColourBox(const QString& name, Colour colour, QWidget* parent)
@@ -19,12 +28,14 @@ ColourBox::ColourBox(const QString& name, Colour colour, QWidget* parent)
     , m_colour(colour & White) {
     setObjectName(name);
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setAccessibleDescription(inWords(m_colour));
 }
 
 void ColourBox::setBackColor(Colour colour) {
     if (m_colour == (colour & White))
         return;
     m_colour = colour & White;
+    setAccessibleDescription(inWords(m_colour));
     update();
     Q_EMIT BackColorChanged(m_colour);
 }

@@ -6,7 +6,8 @@
 
 namespace ovrano {
 
-/// A label whose background shows a colour, whatever the desktop's theme.
+/// A label whose background shows a colour, whatever the desktop's theme. Its accessible description tells
+/// the colour in words.
 class ColourBox : public QLabel {
     Q_OBJECT
     Q_PROPERTY(int BackColor READ BackColor WRITE setBackColor NOTIFY BackColorChanged)

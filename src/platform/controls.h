@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QString>
 #include <QWidget>
 
@@ -14,9 +16,18 @@ Control* named(Control* control, const char* name, const QString& accessibleName
     return control;
 }
 
-/// A box to type in and to choose from, which never grows by what is typed.
+/// Labels a box, by its accessible name, where no visible label stands beside it: what a combo box tells as
+/// its name on the accessibility bus is what is chosen in it, and only a label tells what that is.
+inline void labelUnseen(QComboBox& box) {
+    auto* label = new QLabel(box.accessibleName(), box.parentWidget());
+    label->setBuddy(&box);
+    label->hide();
+}
+
+/// A box to type in and to choose from, which never grows by what is typed. Its field is read aloud like it.
 inline void makeEditable(QComboBox& box) {
     box.setEditable(true);
+    box.lineEdit()->setAccessibleName(box.accessibleName());
     box.setInsertPolicy(QComboBox::NoInsert);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/picturebox.h"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -29,9 +30,21 @@ Qt::CursorShape shapeOf(MousePointer pointer) {
     return Qt::ArrowCursor;
 }
 
-QPoint pixelAt(const QMouseEvent& event) {
-    const QPointF at = event.position();
+/// The pixel under the pointer. Where the screen has several pixels to one of the picture, the toolkit has
+/// rounded the position in the widget, which moves half of all points to a neighbour; that in the window is
+/// exact, but for events that no pointer made.
+QPoint pixelAt(const QWidget& box, const QMouseEvent& event) {
+    const QPointF exact = box.mapFrom(box.window(), event.scenePosition());
+    const bool isPointers = (exact - event.position()).manhattanLength() <= 1;
+    const QPointF at = isPointers ? exact : event.position();
     return QPoint(qFloor(at.x()), qFloor(at.y()));
+}
+
+/// Says that a box is a picture: of a widget that is none of the toolkit's own controls, it would be told
+/// that it holds others.
+QAccessibleInterface* accessiblePicture(const QString&, QObject* object) {
+    auto* box = qobject_cast<PictureBox*>(object);
+    return box ? new QAccessibleWidget(box, QAccessible::Graphic) : nullptr;
 }
 
 } // namespace
@@ -39,6 +52,7 @@ QPoint pixelAt(const QMouseEvent& event) {
 PictureBox::PictureBox(Surface& surface, QWidget* parent)
     : QWidget(parent)
     , m_surface(surface) {
+    QAccessible::installFactory(accessiblePicture); // again and again does no harm
     setObjectName(surface.objectName());
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -68,18 +82,18 @@ void PictureBox::paintEvent(QPaintEvent* event) {
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
     m_held = event->button();
-    Q_EMIT mouseDown(event->button(), pixelAt(*event));
+    Q_EMIT mouseDown(event->button(), pixelAt(*this, *event));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     if (m_held != Qt::NoButton && !event->buttons().testFlag(m_held))
-        Q_EMIT mouseUp(std::exchange(m_held, Qt::NoButton), pixelAt(*event));
-    Q_EMIT mouseMove(pixelAt(*event));
+        Q_EMIT mouseUp(std::exchange(m_held, Qt::NoButton), pixelAt(*this, *event));
+    Q_EMIT mouseMove(pixelAt(*this, *event));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
     m_held = Qt::NoButton;
-    Q_EMIT mouseUp(event->button(), pixelAt(*event));
+    Q_EMIT mouseUp(event->button(), pixelAt(*this, *event));
 }
 
 } // namespace ovrano

@@ -2,6 +2,8 @@
 
 #include <QElapsedTimer>
 
+#include <utility>
+
 namespace ovrano {
 
 class LongWork;
@@ -26,6 +28,16 @@ public:
 private:
     QElapsedTimer m_sinceLast;
 };
+
+/// A command as it is connected to what starts it: nothing happens while another one is in the middle of its
+/// work.
+template<typename Command>
+auto unlessUnderWay(Command command) {
+    return [command = std::move(command)] {
+        if (!EventYield::isUnderWay())
+            command();
+    };
+}
 
 /// Lets the mouse presses that came during a long command go by: they were aimed at what was shown before.
 /// Mouse moves, keys and requests to close are obeyed as usual.

@@ -60,7 +60,8 @@ OneColourPanel::OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock
     fillLists();
     drawIcons();
     arrange();
-    connect(cmd1Color3DProceed, &QPushButton::clicked, this, &OneColourPanel::cmd1Color3DProceed_Click);
+    connect(cmd1Color3DProceed, &QPushButton::clicked, this,
+            unlessUnderWay([this] { cmd1Color3DProceed_Click(); }));
     connect(cboShadeThickness, &QComboBox::currentTextChanged, this, &OneColourPanel::drawIcons);
     connect(style.picTextColor, &ColourBox::BackColorChanged, this, &OneColourPanel::drawIcons);
 }
@@ -124,7 +125,7 @@ void OneColourPanel::cmd1Color3DProceed_Click() {
                               &Panel::backgroundColourLocked,
                               &Panel::rememberText};
 
-    if (EventYield::isUnderWay() || !m_style.CheckTextInputs())
+    if (!m_style.CheckTextInputs())
         return;
     setScreenMousePointer(MousePointer::Hourglass);
     const auto pointerBack = qScopeGuard([] { setScreenMousePointer(MousePointer::Default); });

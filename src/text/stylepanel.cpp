@@ -60,6 +60,7 @@ StylePanel::StylePanel(WorkPicture& work, Dialogs& dialogs, QWidget* parent)
 
 void StylePanel::fillLists() {
     fillWithFonts(*cboFontName, FontCharacters);
+    labelUnseen(*cboFontName);
 
     makeNumberBox(*txtFontSize);
     addNumbers(*txtFontSize, SmallestSize, LargestSize);
@@ -148,6 +149,7 @@ void StylePanel::ApplyTextFont(Surface& surface) const {
 void StylePanel::UpdateTextSample() {
     if (!isSizeInRange()) {
         lblTextSample->clear();
+        lblTextSample->setAccessibleDescription(QString());
         return;
     }
     const Colour colour = picTextColor->BackColor();
@@ -157,6 +159,7 @@ void StylePanel::UpdateTextSample() {
     palette.setColor(QPalette::WindowText, QColor(toPixel(colour)));
     lblTextSample->setPalette(palette);
     lblTextSample->setFont(chosenFont());
+    lblTextSample->setAccessibleDescription(fontInWords());
 }
 
 void StylePanel::DispDialogColor(Colour colour) {
@@ -224,6 +227,14 @@ void StylePanel::toggle(ImageButton& button) {
 bool StylePanel::isSizeInRange() const {
     const double points = roundHalfEven(numericValue(txtFontSize->currentText()));
     return points >= SmallestSize && points <= LargestSize;
+}
+
+QString StylePanel::fontInWords() const {
+    QStringList words = {cboFontName->currentText(), txtFontSize->currentText() + QStringLiteral(" points")};
+    for (const ImageButton* style : {imgBold, imgItalic})
+        if (style->isOn())
+            words.append(style->accessibleName().toLower());
+    return words.join(QStringLiteral(", "));
 }
 
 QFont StylePanel::chosenFont() const {

@@ -80,6 +80,8 @@ private:
     void toggle(ImageButton& button);
     bool isSizeInRange() const;
     QFont chosenFont() const;
+    /// For those who do not see the sample: "Arial, 24 points, gras".
+    QString fontInWords() const;
 
     WorkPicture& m_work;
     Dialogs& m_dialogs;

@@ -16,7 +16,10 @@ constexpr int MoreButtonWidth = 30;
 } // namespace
 
 QGroupBox* groupFrame(const char* name, const QString& title, QWidget* parent) {
-    return named(new QGroupBox(title, parent), name);
+    // Without a name of its own, a frame in another one would be read aloud by the outer one's title.
+    QString spoken = title;
+    spoken.replace(QStringLiteral("&&"), QStringLiteral("&"));
+    return named(new QGroupBox(title, parent), name, spoken.simplified());
 }
 
 QPushButton* moreButton(const char* name, const QString& toolTip, QWidget* parent) {

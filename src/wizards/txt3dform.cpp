@@ -1,5 +1,6 @@
 #include "wizards/txt3dform.h"
 
+#include "platform/accessibletoggle.h"
 #include "platform/controls.h"
 #include "platform/fontbox.h"
 #include "wizards/formparts.h"
@@ -95,16 +96,19 @@ Txt3DForm::Txt3DForm(Dialogs& dialogs, QWidget* parent)
 }
 
 void Txt3DForm::setUpStyleButtons() {
+    AccessibleToggle::install();
     constexpr std::array Letters = {u'G', u'I', u'S', u'N', u'B'};
+    const std::array names = {QStringLiteral("Gras"), QStringLiteral("Italique"), QStringLiteral("Souligné"),
+                              QStringLiteral("Normal"), QStringLiteral("Barré")};
     const std::array toolTips = {QStringLiteral("Gras Oui/Non"), QStringLiteral("Italique Oui/Non"),
                                  QStringLiteral("Souligné Oui/Non"), QStringLiteral("Normal"),
                                  QStringLiteral("Barré Oui/Non")};
     for (std::size_t i = 0; i < Command3.size(); ++i) {
         QPushButton& button = *Command3.at(i);
+        button.setCheckable(i != NormalButton); // before the first name, which is announced as a toggle's
         button.setText(QChar(Letters.at(i)));
         button.setToolTip(toolTips.at(i));
-        button.setAccessibleName(toolTips.at(i));
-        button.setCheckable(i != NormalButton);
+        button.setAccessibleName(names.at(i));
         const int side = std::max(StyleButtonSide, button.sizeHint().height()); // large desktop fonts
         button.setFixedSize(side, side);
         QFont font = button.font();

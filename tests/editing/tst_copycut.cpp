@@ -76,7 +76,7 @@ void TestCopyCut::copiesTheWholePicture() {
     QVERIFY(desk.picture() == before);
     QVERIFY(!desk.work.ImageModified);
     QVERIFY(!desk.work.UndoAvailable);
-    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Bitmap));
 }
 
 void TestCopyCut::copiesTheWholePictureWithABandDrawn() {
@@ -291,7 +291,7 @@ void TestCopyCut::clearingTheClipboard() {
     desk.copyCut.mnuEditCopy_Click();
     const QSignalSpy told(&desk.copyCut, &CopyCut::editStateChanged);
     desk.copyCut.mnuEditClearClipboard_Click();
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     QCOMPARE(told.size(), 1);
     QVERIFY(desk.picture() == picture && desk.shown() == shown); // and nothing else
     QVERIFY(desk.block.HasSelection);

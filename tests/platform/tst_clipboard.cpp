@@ -55,19 +55,19 @@ private Q_SLOTS:
 };
 
 void TestClipboard::nothingOnAnEmptyClipboard() {
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     QVERIFY(!ownClipboardPicture());
-    QVERIFY(clipboardRasterTypes().isEmpty());
-    QVERIFY(clipboardVectorType().isEmpty());
+    QVERIFY(ClipboardOffer::now().rasterTypes().isEmpty());
+    QVERIFY(ClipboardOffer::now().vectorType().isEmpty());
     QVERIFY(clipboardBytes("image/png").isEmpty());
-    QVERIFY(clipboardPictureFile().isEmpty());
-    QVERIFY(clipboardImage().isNull());
+    QVERIFY(ClipboardOffer::now().pictureFile().isEmpty());
+    QVERIFY(ClipboardOffer::now().image().isNull());
 }
 
 void TestClipboard::announcingCostsNoBytes() {
     const auto asked = offer({{"image/png", "..."}, {"image/svg+xml", "..."}, {"text/plain", "..."}});
-    QVERIFY(clipboardOffersPicture());
-    QVERIFY(clipboardOffers(ClipboardFormat::Metafile));
+    QVERIFY(ClipboardOffer::now().includesPicture());
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Metafile));
     QCOMPARE(*asked, QStringList());
 }
 
@@ -79,22 +79,22 @@ void TestClipboard::rasterTypesComeBestFirst() {
            {"image/svg+xml", "0"},
            {"image/bmp", "2"},
            {"image/png", "1"}});
-    QCOMPARE(clipboardRasterTypes(),
+    QCOMPARE(ClipboardOffer::now().rasterTypes(),
              QStringList({"image/png", "image/bmp", "image/x-bmp", "image/x-MS-bmp", "image/jpeg"}));
     QCOMPARE(clipboardBytes("image/x-bmp"), QByteArray("3"));
 }
 
 void TestClipboard::vectorType() {
     offer({{"text/plain", "0"}, {"image/svg+xml", "<svg/>"}});
-    QCOMPARE(clipboardVectorType(), QString("image/svg+xml"));
-    QVERIFY(clipboardRasterTypes().isEmpty());
+    QCOMPARE(ClipboardOffer::now().vectorType(), QString("image/svg+xml"));
+    QVERIFY(ClipboardOffer::now().rasterTypes().isEmpty());
     offer({{"text/plain", "0"}});
-    QVERIFY(clipboardVectorType().isEmpty());
+    QVERIFY(ClipboardOffer::now().vectorType().isEmpty());
 }
 
 void TestClipboard::bytesThatAreNotGiven() {
     offer({{"image/png", QByteArray()}});
-    QVERIFY(clipboardOffersPicture());
+    QVERIFY(ClipboardOffer::now().includesPicture());
     QVERIFY(clipboardBytes("image/png").isEmpty());
 }
 
@@ -114,23 +114,23 @@ void TestClipboard::copiedFile() {
     QFETCH(QList<QUrl>, urls);
     QFETCH(QString, path);
     copyFiles(urls);
-    QCOMPARE(clipboardPictureFile(), path);
-    QCOMPARE(clipboardOffers(ClipboardFormat::Bitmap), !path.isEmpty());
+    QCOMPARE(ClipboardOffer::now().pictureFile(), path);
+    QCOMPARE(ClipboardOffer::now().includes(ClipboardFormat::Bitmap), !path.isEmpty());
 }
 
 void TestClipboard::toolkitsOwnPicture() {
     const Raster picture = sample();
     QGuiApplication::clipboard()->setImage(picture.toImage());
-    QCOMPARE(pixelsOf(clipboardImage()), picture.toImage());
-    QVERIFY(clipboardRasterTypes().isEmpty());
+    QCOMPARE(pixelsOf(ClipboardOffer::now().image()), picture.toImage());
+    QVERIFY(ClipboardOffer::now().rasterTypes().isEmpty());
 }
 
 void TestClipboard::ownPictureIsShared() {
     const Raster picture = sample();
     putOnClipboard(picture);
-    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap));
-    QVERIFY(clipboardOffers(ClipboardFormat::Dib));
-    QVERIFY(!clipboardOffers(ClipboardFormat::Metafile));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Bitmap));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Dib));
+    QVERIFY(!ClipboardOffer::now().includes(ClipboardFormat::Metafile));
     const std::optional<Raster> own = ownClipboardPicture();
     QVERIFY(own);
     QCOMPARE(own->size(), picture.size());
@@ -148,7 +148,7 @@ void TestClipboard::emptyPictureIsNotPut() {
 void TestClipboard::clearingTakesEverything() {
     putOnClipboard(sample());
     clearClipboard();
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     QVERIFY(!ownClipboardPicture());
     QGuiApplication::clipboard()->setText("texte");
     clearClipboard();

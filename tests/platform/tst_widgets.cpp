@@ -266,32 +266,32 @@ void TestWidgets::pathFunctions() {
 void TestWidgets::clipboardFormats() {
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     clipboard->setText(QStringLiteral("texte"));
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     clipboard->setImage(QImage(3, 3, QImage::Format_RGB32));
-    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap));
-    QVERIFY(clipboardOffers(ClipboardFormat::Dib));
-    QVERIFY(!clipboardOffers(ClipboardFormat::Metafile));
-    QVERIFY(!clipboardOffers(ClipboardFormat::Palette));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Bitmap));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Dib));
+    QVERIFY(!ClipboardOffer::now().includes(ClipboardFormat::Metafile));
+    QVERIFY(!ClipboardOffer::now().includes(ClipboardFormat::Palette));
     auto* vector = new QMimeData;
     vector->setData(QStringLiteral("image/svg+xml"), "<svg/>");
     clipboard->setMimeData(vector);
-    QVERIFY(clipboardOffers(ClipboardFormat::Metafile));
-    QVERIFY(!clipboardOffers(ClipboardFormat::Bitmap));
-    QVERIFY(clipboardOffersPicture());
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Metafile));
+    QVERIFY(!ClipboardOffer::now().includes(ClipboardFormat::Bitmap));
+    QVERIFY(ClipboardOffer::now().includesPicture());
     auto* file = new QMimeData;
     file->setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/Photo.JPG"))});
     clipboard->setMimeData(file);
-    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap)); // by its name; the file is not touched
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Bitmap)); // by its name; the file is not touched
     auto* text = new QMimeData;
     text->setUrls({QUrl::fromLocalFile(QStringLiteral("/nowhere/lettre.txt"))});
     clipboard->setMimeData(text);
-    QVERIFY(!clipboardOffersPicture());
+    QVERIFY(!ClipboardOffer::now().includesPicture());
     auto* bitmap = new QMimeData;
     bitmap->setData(QStringLiteral("image/x-MS-bmp"), "BM");
     clipboard->setMimeData(bitmap);
-    QVERIFY(clipboardOffers(ClipboardFormat::Bitmap));
+    QVERIFY(ClipboardOffer::now().includes(ClipboardFormat::Bitmap));
     clipboard->clear();
 }
 

@@ -12,6 +12,7 @@
 #include <array>
 #include <cmath>
 #include <ranges>
+#include <utility>
 #include <xcb/xtest.h>
 
 namespace ovrano::testing {
@@ -114,21 +115,38 @@ void X11Input::deliver(const std::vector<Event>& events, const QString& what) {
         what);
 }
 
+std::optional<QPoint> X11Input::cornerOnServer(std::uint32_t window) {
+    const auto asked = xcb_translate_coordinates(m_connection.get(), window, m_root, 0, 0);
+    const Reply<xcb_translate_coordinates_reply_t> corner(
+        xcb_translate_coordinates_reply(m_connection.get(), asked, nullptr));
+    return corner ? std::optional(QPoint(corner->dst_x, corner->dst_y)) : std::nullopt;
+}
+
+QPoint X11Input::onServer(QPoint global) {
+    // From the corner of the window that is there: a window need not begin with a whole pixel of the program.
+    const auto [window, inside] = inGui([&] {
+        const QWindow* found = QGuiApplication::topLevelAt(global);
+        return found ? std::pair(static_cast<std::uint32_t>(found->winId()), global - found->position())
+                     : std::pair(std::uint32_t{0}, QPoint());
+    });
+    const auto corner = window ? cornerOnServer(window) : std::nullopt;
+    const QPointF middle = (QPointF(corner ? inside : global) + QPointF(0.5, 0.5)) * m_scale;
+    return corner.value_or(QPoint(0, 0)) + QPoint(qFloor(middle.x()), qFloor(middle.y()));
+}
+
 bool X11Input::isInPlace(const QWindow& window) {
     xcb_connection_t* server = m_connection.get();
     const auto id = static_cast<xcb_window_t>(window.winId());
     const auto askState = xcb_get_window_attributes(server, id);
     const auto askSize = xcb_get_geometry(server, id);
-    const auto askPlace = xcb_translate_coordinates(server, id, m_root, 0, 0);
     const Reply<xcb_get_window_attributes_reply_t> state(
         xcb_get_window_attributes_reply(server, askState, nullptr));
     const Reply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(server, askSize, nullptr));
-    const Reply<xcb_translate_coordinates_reply_t> place(
-        xcb_translate_coordinates_reply(server, askPlace, nullptr));
+    const auto place = cornerOnServer(id);
     if (!state || !size || !place || state->map_state != XCB_MAP_STATE_VIEWABLE)
         return false;
-    const QRect wanted(onServer(window.geometry().topLeft()), window.size() * m_scale);
-    const QRect found(place->dst_x, place->dst_y, size->width, size->height);
+    const QRect wanted(window.position() * m_scale, window.size() * m_scale);
+    const QRect found(*place, QSize(size->width, size->height));
     // The server's pixels need not make up whole ones of the program.
     const auto near = [this](int a, int b) { return std::abs(a - b) < m_scale; };
     return near(wanted.left(), found.left()) && near(wanted.top(), found.top()) &&

@@ -10,6 +10,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -69,7 +70,10 @@ private:
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };
 
-    QPoint onServer(QPoint global) const { return (QPointF(global) * m_scale).toPoint(); }
+    /// The middle of a pixel of the program, in pixels of the screen.
+    QPoint onServer(QPoint global);
+    /// Where the server has a window's upper-left corner; nothing when it is gone.
+    std::optional<QPoint> cornerOnServer(std::uint32_t window);
     void send(Input type, std::uint8_t detail, QPoint position = {});
     void synchronise();
     void outwaitDoubleClick(QPoint global);
