@@ -47,6 +47,7 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , m_block(m_work)
     , m_pointer(m_work, m_view, m_block, *m_toolBox->imgRegion, *m_toolBox->imgColorPicker,
                 *m_menus.mnuToolsRegion, dialogs)
+    , m_keyboardPointer(m_view)
     , m_blockKeys(m_work, m_view, m_block, *m_toolBox->imgRegion, dialogs)
     , m_background(m_work, m_block, *m_toolBox->Command2, *m_toolBox->LblFond, dialogs)
     , m_undo(m_work, m_view, dialogs)

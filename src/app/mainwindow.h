@@ -14,6 +14,7 @@
 #include "editing/backgroundcolour.h"
 #include "editing/blockkeys.h"
 #include "editing/copycut.h"
+#include "editing/keyboardpointer.h"
 #include "editing/liftedblock.h"
 #include "editing/paste.h"
 #include "editing/pointermodes.h"
@@ -95,6 +96,7 @@ private:
     PictureView m_view;
     LiftedBlock m_block;
     PointerModes m_pointer;
+    KeyboardPointer m_keyboardPointer; // before the block's keys, which are asked first
     BlockKeys m_blockKeys;
     BackgroundColour m_background;
     Undo m_undo;

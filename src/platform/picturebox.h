@@ -23,6 +23,11 @@ public:
     MousePointer pointer() const { return m_pointer; }
     void setPointer(MousePointer pointer);
 
+    // What a mouse would do, for those who have none.
+    void pointAt(QPoint pixel) { Q_EMIT mouseMove(pixel); }
+    void pressAt(QPoint pixel) { Q_EMIT mouseDown(Qt::LeftButton, pixel); }
+    void releaseAt(QPoint pixel) { Q_EMIT mouseUp(Qt::LeftButton, pixel); }
+
 Q_SIGNALS:
     void mouseDown(Qt::MouseButton button, QPoint at);
     void mouseMove(QPoint at);

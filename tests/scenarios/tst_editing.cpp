@@ -17,6 +17,7 @@ private Q_SLOTS:
     void bandToTheLeftLiftsNothing();
     void stampIsDraggedWithTheViewScrolled();
     void pickerTakesOneColour();
+    void zoneIsFramedByKeysAlone();
     void rightEdgeIsDragged();
     void edgeBeyondTheLeftSideLeavesOnePixel();
     void wheelScrollsBothWays();
@@ -84,6 +85,28 @@ void TestEditing::pickerTakesOneColour() {
         QCOMPARE(program.label("lblTextColor"), QStringLiteral("RVB(255, 0, 0)  Hex: #FF0000"));
         program.user.input.click(program.at(10, 10));
         QCOMPARE(program.label("lblTextColor"), QStringLiteral("RVB(255, 0, 0)  Hex: #FF0000"));
+    });
+}
+
+void TestEditing::zoneIsFramedByKeysAlone() {
+    Program program;
+    program.play([&] {
+        X11Input& input = program.user.input;
+        program.user.click(QStringLiteral("imgRegion"));
+        program.window.view().picDisp->setFocus();
+        input.moveTo(program.at(98, 80));
+        for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Space})
+            input.strike(key);
+        for (int i = 0; i < 3; ++i) {
+            input.strike(Qt::SHIFT | Qt::Key_Right);
+            input.strike(Qt::SHIFT | Qt::Key_Down);
+        }
+        input.strike(Qt::Key_Space);
+        QVERIFY(program.window.block().HasSelection);
+        QCOMPARE(program.window.block().zone(), QRect(100, 80, 31, 31));
+        input.strike(Qt::Key_Right); // moves the block now
+        QCOMPARE(program.window.block().zone().topLeft(), QPoint(101, 80));
+        QCOMPARE(program.pixel(100, 80), White);
     });
 }
 
