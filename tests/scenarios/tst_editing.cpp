@@ -103,10 +103,13 @@ void TestEditing::zoneIsFramedByKeysAlone() {
         }
         input.strike(Qt::Key_Space);
         QVERIFY(program.window.block().HasSelection);
-        QCOMPARE(program.window.block().zone(), QRect(100, 80, 31, 31));
+        const QRect zone = program.window.block().zone();
+        QCOMPARE(zone.size(), QSize(31, 31));
+        // The system rounds to a whole pixel where the pointer was before the first key.
+        QVERIFY((zone.topLeft() - QPoint(100, 80)).manhattanLength() < program.window.devicePixelRatioF());
         input.strike(Qt::Key_Right); // moves the block now
-        QCOMPARE(program.window.block().zone().topLeft(), QPoint(101, 80));
-        QCOMPARE(program.pixel(100, 80), White);
+        QCOMPARE(program.window.block().zone().topLeft(), zone.topLeft() + QPoint(1, 0));
+        QCOMPARE(program.pixel(zone.left(), zone.top()), White);
     });
 }
 
