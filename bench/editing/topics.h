@@ -1,0 +1,9 @@
+#pragma once
+
+namespace ovrano::bench {
+
+void composition();
+void dragSteps();
+void masks();
+
+} // namespace ovrano::bench

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace ovrano::bench {
+
+void rotations();
+void extrusions();
+
+} // namespace ovrano::bench
