@@ -80,7 +80,7 @@ QRect storedPart(const QRect& place, QSize stored, QImageIOHandler::Transformati
 Raster upright(const QImage& image, QImageIOHandler::Transformations orientation, EventYield& yield) {
     const bool turned = orientation & QImageIOHandler::TransformationRotate90;
     Raster raster(turned ? image.size().transposed() : image.size(), White);
-    raster.writeTiles(raster.rect(), [&](QImage& tile, const QRect& place) {
+    raster.writeTiles(raster.rect(), [&](Tile& tile, const QRect& place) {
         QImage part = image.copy(storedPart(place, image.size(), orientation))
                           .mirrored(orientation & QImageIOHandler::TransformationMirror,
                                     orientation & QImageIOHandler::TransformationFlip);
@@ -88,7 +88,8 @@ Raster upright(const QImage& image, QImageIOHandler::Transformations orientation
             part = part.transformed(QTransform().rotate(90));
         if (part.isNull())
             throw RuntimeError(error::OutOfMemory);
-        tile = std::move(part).convertToFormat(QImage::Format_RGB32);
+        part = std::move(part).convertToFormat(QImage::Format_RGB32);
+        tile = Tile::viewOf(part, part.rect());
         yield();
     });
     return raster;

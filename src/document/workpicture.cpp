@@ -19,6 +19,10 @@ WorkPicture::WorkPicture(Dialogs& dialogs, QObject* parent)
     , m_dialogs(dialogs) {}
 
 void WorkPicture::copyWhole(const Surface& src, Surface& dst) {
+    if (src.innerSize() == dst.innerSize()) { // all of it is replaced
+        dst.setPicture(src.Image());
+        return;
+    }
     dst.setPicture(Raster());
     dst.copyFrom(src, QRect(QPoint(0, 0), src.innerSize()), QPoint(0, 0));
     dst.commit();

@@ -10,6 +10,13 @@ namespace ovrano {
 
 namespace {
 
+/// Pixels of a block that are composed without a repainting in between: a few milliseconds' work.
+constexpr qint64 MostPixelsAtOnce = 4'000'000;
+
+qint64 pixelsOf(QSize size) {
+    return qint64{size.width()} * size.height();
+}
+
 QPoint pixelAt(float x, float y) {
     return QPoint(toInteger32(double(x)), toInteger32(double(y)));
 }
@@ -117,21 +124,42 @@ void LiftedBlock::CaptureSelection() {
 }
 
 void LiftedBlock::ComposeRegion() {
-    const QSize size = selectionSize();
-    const QPoint before = pixelAt(PrevX, PrevY);
-    const QPoint now = pixelAt(CurrX, CurrY);
-    Surface& picDisp = m_work.picDisp;
-    picDisp.Cls();
-    picDisp.copyFrom(m_work.picSnap, QRect(before, size), before);
-    if (TransparentPaste)
-        composeMasked(picDisp, m_work.picRegion, m_work.picMask, now, size);
+    const Places places{QRect(pixelAt(PrevX, PrevY), selectionSize()),
+                        QRect(pixelAt(CurrX, CurrY), selectionSize())};
+    m_work.picDisp.Cls();
+    if (pixelsOf(places.now.size()) <= MostPixelsAtOnce)
+        m_work.picDisp.editCommitted(places.touched(), [&](Raster& image) { compose(image, places); });
     else
-        picDisp.copyFrom(m_work.picRegion, QRect(QPoint(0, 0), size), now);
-    picDisp.commit();
+        composeBeside(places);
     if (HasSelection)
         DrawSelectionFrame();
     PrevX = CurrX;
     PrevY = CurrY;
+}
+
+void LiftedBlock::compose(Raster& image, const Places& places, EventYield* yield) const {
+    const Raster& background = m_work.picSnap.Image();
+    const Raster& block = m_work.picRegion.Image();
+    const QSize size = places.now.size();
+    image.copyFrom(background, places.before);
+    if (TransparentPaste)
+        composeMasked(image, block, m_work.picMask.Image(), places.now.topLeft(), size, yield);
+    else
+        image.copyFrom(block, QRect(QPoint(0, 0), size), places.now.topLeft());
+    // What the block has left need not be kept twice.
+    for (const QRect& left : QRegion(Raster::wholeTiles(places.before)) - Raster::wholeTiles(places.now))
+        image.shareEqualTiles(background, left);
+}
+
+void LiftedBlock::composeBeside(const Places& places) {
+    // Beside what is shown, so that a repainting in between never shows half a block.
+    Raster composed = m_work.picDisp.Image();
+    EventYield yield;
+    compose(composed, places, &yield);
+    m_work.picDisp.editCommitted(places.touched(), [&](Raster& image) {
+        if (image.size() == composed.size()) // nothing has come in between
+            image = composed;
+    });
 }
 
 bool LiftedBlock::contains(QPoint point) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/workpicture.h"
+#include "platform/yield.h"
 
 #include <QObject>
 
@@ -82,6 +83,16 @@ public:
     void endBand();
 
 private:
+    /// Where a block was drawn last and where it is to be drawn.
+    struct Places {
+        QRect before;
+        QRect now;
+        QRegion touched() const { return QRegion(before) + now; }
+    };
+
+    /// Puts the background back and draws the block.
+    void compose(Raster& image, const Places& places, EventYield* yield = nullptr) const;
+    void composeBeside(const Places& places);
     QSize selectionSize() const; // in whole pixels, both edges included
     void drawBox(Surface& surface, Colour colour, BoxStyle style) const;
 

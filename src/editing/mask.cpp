@@ -1,7 +1,6 @@
 #include "editing/mask.h"
 
 #include "platform/vectorised.h"
-#include "platform/yield.h"
 
 namespace ovrano {
 
@@ -36,10 +35,6 @@ OVRANO_VECTORISED void composeRow(QRgb* row, const QRgb* block, const QRgb* mask
         row[x] = (~mask[x] | row[x]) & block[x];
 }
 
-QRgb* rowOf(uchar* bits, qsizetype stride, int y) {
-    return reinterpret_cast<QRgb*>(bits + y * stride);
-}
-
 const QRgb* rowOf(const QImage& tile, int y) {
     return reinterpret_cast<const QRgb*>(tile.constScanLine(y));
 }
@@ -51,15 +46,12 @@ bool tileHas(const QImage& tile, const Recolouring& wanted) {
     return false;
 }
 
-/// Writes a tile anew, in one pass also when it is shared. Without memory for that it stays as it is.
-void recolourTile(QImage& tile, const Recolouring& wanted) {
-    QImage anew(tile.size(), tile.format());
-    if (anew.isNull())
-        return;
-    uchar* bits = anew.bits();
-    const qsizetype stride = anew.bytesPerLine();
-    for (int y = 0; y < tile.height(); ++y)
-        recolourRow(rowOf(bits, stride, y), rowOf(tile, y), tile.width(), wanted);
+/// Writes a tile anew, in one pass also when it is shared.
+void recolourTile(Tile& tile, const Recolouring& wanted) {
+    Tile anew = Tile::unwritten(tile.size());
+    QRgb* pixels = anew.pixels();
+    for (int y = 0; y < tile.size().height(); ++y)
+        recolourRow(pixels + y * anew.pixelsPerRow(), tile.row(y), tile.size().width(), wanted);
     tile = anew;
 }
 
@@ -70,7 +62,7 @@ void recolourTileAt(Surface& pic, const QRect& place, const Recolouring& wanted)
     if (!found)
         return;
     pic.editImage(place, [&](Raster& image, const QRect& area) {
-        image.writeTiles(area, [&](QImage& tile, const QRect&) { recolourTile(tile, wanted); });
+        image.writeTiles(area, [&](Tile& tile, const QRect&) { recolourTile(tile, wanted); });
     });
 }
 
@@ -85,23 +77,27 @@ void recolour(Surface& pic, const Recolouring& wanted) {
     }
 }
 
+/// What composing can change: neither block nor mask goes on beyond the larger of them.
+QSize reachOf(QSize block, QSize mask, QSize wanted) {
+    return wanted.boundedTo(block.expandedTo(mask));
+}
+
 /// White changes nothing, neither as mask nor as block: a raster that is to reach further is continued in it.
 Raster whiteBeyond(const Raster& raster, QSize size) {
     return raster.resized(raster.size().expandedTo(size), White);
 }
 
 /// Composes into the part `place` of one tile of the destination; `to` is where the block's corner lies.
-void composeTile(QImage& tile, const QRect& place, const Raster& block, const Raster& mask, QPoint to) {
+void composeTile(Tile& tile, const QRect& place, const Raster& block, const Raster& mask, QPoint to) {
     constexpr int Side = Raster::TileSide;
-    uchar* bits = tile.bits();
-    const qsizetype stride = tile.bytesPerLine();
+    QRgb* pixels = tile.pixels();
     block.readTiles(place.translated(-to), [&](const QImage& blockTile, const QRect& part) {
         const int from = part.left() % Side;
         const int there = (part.left() + to.x()) % Side;
         // Block and mask have the same corner: a part of one tile of the block is in one tile of the mask.
         mask.readTiles(part, [&](const QImage& maskTile, const QRect&) {
             for (int y = part.top(); y <= part.bottom(); ++y)
-                composeRow(rowOf(bits, stride, (y + to.y()) % Side) + there,
+                composeRow(pixels + (y + to.y()) % Side * tile.pixelsPerRow() + there,
                            rowOf(blockTile, y % Side) + from, rowOf(maskTile, y % Side) + from, part.width());
         });
     });
@@ -117,20 +113,22 @@ void CreateMask(Surface& pic, Colour colour) {
     recolour(pic, {toPixel(White), false, toPixel(colour)});
 }
 
-void composeMasked(Surface& destination, const Surface& block, const Surface& mask, QPoint to, QSize size) {
-    const QSize reach = size.boundedTo(block.innerSize().expandedTo(mask.innerSize()));
-    const Raster blockImage = whiteBeyond(block.Image(), reach);
-    const Raster maskImage = whiteBeyond(mask.Image(), reach);
-    // Beside what is shown, so that a repainting in between never shows half a block.
-    Raster composed = destination.Image();
-    EventYield yield;
-    composed.writeTiles(QRect(to, reach), [&](QImage& tile, const QRect& place) {
-        composeTile(tile, place, blockImage, maskImage, to);
-        yield();
+void composeMasked(Raster& destination, const Raster& block, const Raster& mask, QPoint to, QSize size,
+                   EventYield* yield) {
+    const QSize reach = reachOf(block.size(), mask.size(), size);
+    const Raster wholeBlock = whiteBeyond(block, reach);
+    const Raster wholeMask = whiteBeyond(mask, reach);
+    destination.writeTiles(QRect(to, reach), [&](Tile& tile, const QRect& place) {
+        composeTile(tile, place, wholeBlock, wholeMask, to);
+        if (yield)
+            (*yield)();
     });
+}
+
+void composeMasked(Surface& destination, const Surface& block, const Surface& mask, QPoint to, QSize size) {
+    const QSize reach = reachOf(block.innerSize(), mask.innerSize(), size);
     destination.editImage(QRect(to, reach), [&](Raster& image, const QRect&) {
-        if (image.size() == composed.size()) // nothing has come in between
-            image = composed;
+        composeMasked(image, block.Image(), mask.Image(), to, size);
     });
 }
 

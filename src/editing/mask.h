@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/surface.h"
+#include "platform/yield.h"
 
 namespace ovrano {
 
@@ -13,7 +14,11 @@ void WhiteNonPaintArea(Surface& pic, Colour colour);
 void CreateMask(Surface& pic, Colour colour);
 
 /// Draws a block through its mask in place: destination = (NOT mask OR destination) AND block, where both
-/// have their upper-left corner at `to` and the part `size` of them is taken; clipped on every side.
+/// have their upper-left corner at `to` and the part `size` of them is taken; clipped on every side. Yields,
+/// where asked to, after each tile of the destination.
+void composeMasked(Raster& destination, const Raster& block, const Raster& mask, QPoint to, QSize size,
+                   EventYield* yield = nullptr);
+/// The same on what surfaces show.
 void composeMasked(Surface& destination, const Surface& block, const Surface& mask, QPoint to, QSize size);
 
 } // namespace ovrano

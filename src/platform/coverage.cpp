@@ -30,11 +30,10 @@ OVRANO_VECTORISED void blendRow(QRgb* row, const uchar* mask, int count, QRgb co
 void blendCoverage(Surface& surface, const QImage& mask, QPoint at, Colour colour) {
     const QRgb pixel = toPixel(colour);
     surface.editImage(QRect(at, mask.size()), [&](Raster& image, const QRect& area) {
-        image.writeTiles(area, [&](QImage& tile, const QRect& place) {
-            uchar* bits = tile.bits();
-            const qsizetype stride = tile.bytesPerLine();
+        image.writeTiles(area, [&](Tile& tile, const QRect& place) {
+            QRgb* pixels = tile.pixels();
             for (int y = place.top(); y <= place.bottom(); ++y) {
-                auto* row = reinterpret_cast<QRgb*>(bits + (y % Raster::TileSide) * stride);
+                QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
                 blendRow(row + place.left() % Raster::TileSide,
                          mask.constScanLine(y - at.y()) + (place.left() - at.x()), place.width(), pixel);
             }

@@ -9,41 +9,23 @@ namespace ovrano {
 
 namespace {
 
-QImage newTile(QSize size) {
-    QImage tile(size, QImage::Format_RGB32);
-    if (tile.isNull())
+QImage newImage(QSize size) {
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull())
         throw RuntimeError(error::OutOfMemory);
-    return tile;
+    return image;
 }
 
-/// Fills a whole image without QImage::fill(), which on some processors leaves the vector unit in a state
-/// that slows down every loop that follows (the upper halves of its registers stay in use).
+/// As Tile::filled(), and for the same reason not by QImage::fill().
 void fillAll(QImage& image, QRgb pixel) {
     auto* first = reinterpret_cast<QRgb*>(image.bits());
     std::fill_n(first, image.sizeInBytes() / qsizetype{sizeof(QRgb)}, pixel); // rows have no padding
 }
 
-QImage filledTile(QSize size, QRgb pixel) {
-    QImage tile = newTile(size);
-    fillAll(tile, pixel);
-    return tile;
-}
-
-/// A tile that reads another image's memory and keeps that image alive; writing to it copies it first.
-QImage viewOf(const QImage& whole, const QRect& part) {
-    const uchar* first =
-        whole.constScanLine(part.top()) + sizeof(QRgb) * static_cast<std::size_t>(part.left());
-    return QImage(
-        first, part.width(), part.height(), whole.bytesPerLine(), QImage::Format_RGB32,
-        [](void* kept) { delete static_cast<QImage*>(kept); }, new QImage(whole));
-}
-
-void fillRows(QImage& tile, const QRect& part, QRgb pixel) {
-    uchar* bits = tile.bits();
-    for (int y = part.top(); y <= part.bottom(); ++y) {
-        auto* row = reinterpret_cast<QRgb*>(bits + y * tile.bytesPerLine());
-        std::fill_n(row + part.left(), part.width(), pixel);
-    }
+void fillRows(Tile& tile, const QRect& part, QRgb pixel) {
+    QRgb* pixels = tile.pixels();
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        std::fill_n(pixels + y * tile.pixelsPerRow() + part.left(), part.width(), pixel);
 }
 
 const QRgb* rowOf(const QImage& tile, int y) {
@@ -61,13 +43,13 @@ Raster::Raster(QSize size, Colour fill)
     const int tileCount = columns() * rows();
     m_tiles.reserve(tileCount);
     // Tiles of one size are one tile: at most the inner ones, the right edge, the bottom edge, the corner.
-    QList<QImage> kinds;
+    QList<Tile> kinds;
     for (int i = 0; i < tileCount; ++i) {
         const QSize wanted = tileRect(i % columns(), i / columns()).size();
-        const auto same = [wanted](const QImage& tile) { return tile.size() == wanted; };
+        const auto same = [wanted](const Tile& tile) { return tile.size() == wanted; };
         auto kind = std::find_if(kinds.cbegin(), kinds.cend(), same);
         if (kind == kinds.cend())
-            kind = kinds.insert(kinds.cend(), filledTile(wanted, toPixel(fill)));
+            kind = kinds.insert(kinds.cend(), Tile::filled(wanted, toPixel(fill)));
         m_tiles.append(*kind);
     }
 }
@@ -81,7 +63,7 @@ Raster Raster::fromImage(const QImage& image) {
     raster.m_size = whole.size();
     for (int row = 0; row < raster.rows(); ++row)
         for (int column = 0; column < raster.columns(); ++column)
-            raster.m_tiles.append(viewOf(whole, raster.tileRect(column, row)));
+            raster.m_tiles.append(Tile::viewOf(whole, raster.tileRect(column, row)));
     return raster;
 }
 
@@ -92,7 +74,7 @@ QRect Raster::tileRect(int column, int row) const {
 Colour Raster::pixel(int x, int y) const {
     if (!rect().contains(x, y))
         return InvalidColour;
-    return fromPixel(rowOf(tile(x / TileSide, y / TileSide), y % TileSide)[x % TileSide]);
+    return fromPixel(tile(x / TileSide, y / TileSide).row(y % TileSide)[x % TileSide]);
 }
 
 void Raster::setPixel(int x, int y, Colour colour) {
@@ -101,15 +83,15 @@ void Raster::setPixel(int x, int y, Colour colour) {
 
 void Raster::fill(const QRect& area, Colour colour) {
     const QRgb pixel = toPixel(colour);
-    QImage whole; // shared by all tiles that are filled entirely
-    writeTiles(area, [&](QImage& tile, const QRect& place) {
+    Tile whole; // shared by all tiles that are filled entirely
+    writeTiles(area, [&](Tile& tile, const QRect& place) {
         if (place.size() != tile.size()) {
             fillRows(tile, QRect(QPoint(place.left() % TileSide, place.top() % TileSide), place.size()),
                      pixel);
             return;
         }
         if (whole.size() != tile.size())
-            whole = filledTile(tile.size(), pixel);
+            whole = Tile::filled(tile.size(), pixel);
         tile = whole;
     });
 }
@@ -118,29 +100,42 @@ void Raster::copyFrom(const Raster& source, const QRect& from, QPoint to) {
     const QPoint shift = to - from.topLeft();
     const QRect area = ((from & source.rect()).translated(shift)) & rect();
     const Raster kept = source; // source may be *this: its tiles must not change under the reading
-    writeTiles(area, [&](QImage& tile, const QRect& place) {
+    writeTiles(area, [&](Tile& tile, const QRect& place) {
         const QRect wanted = place.translated(-shift);
         const bool whole = place.size() == tile.size();
         const bool inStep = shift.x() % TileSide == 0 && shift.y() % TileSide == 0;
         if (whole && inStep) {
-            const QImage& other = kept.tile(wanted.left() / TileSide, wanted.top() / TileSide);
+            const Tile& other = kept.tile(wanted.left() / TileSide, wanted.top() / TileSide);
             if (other.size() == tile.size()) {
                 tile = other;
                 return;
             }
         }
         if (whole)
-            tile = newTile(tile.size()); // rather than copying what is overwritten anyway
-        uchar* bits = tile.bits();
-        const qsizetype stride = tile.bytesPerLine();
+            tile = Tile::unwritten(tile.size()); // rather than copying what is overwritten anyway
+        QRgb* pixels = tile.pixels();
         kept.readTiles(wanted, [&](const QImage& other, const QRect& part) {
-            const std::size_t bytes = sizeof(QRgb) * static_cast<std::size_t>(part.width());
             const int x = (part.left() + shift.x()) % TileSide;
-            for (int y = part.top(); y <= part.bottom(); ++y) {
-                auto* row = reinterpret_cast<QRgb*>(bits + ((y + shift.y()) % TileSide) * stride);
-                std::memcpy(row + x, rowOf(other, y % TileSide) + part.left() % TileSide, bytes);
-            }
+            for (int y = part.top(); y <= part.bottom(); ++y)
+                std::copy_n(rowOf(other, y % TileSide) + part.left() % TileSide, part.width(),
+                            pixels + (y + shift.y()) % TileSide * tile.pixelsPerRow() + x);
         });
+    });
+}
+
+QRect Raster::wholeTiles(const QRect& area) {
+    if (area.isEmpty())
+        return QRect();
+    const auto first = [](int coordinate) { return coordinate & ~(TileSide - 1); }; // also of negative ones
+    return QRect(QPoint(first(area.left()), first(area.top())),
+                 QPoint(first(area.right()) + TileSide - 1, first(area.bottom()) + TileSide - 1));
+}
+
+void Raster::shareEqualTiles(const Raster& other, const QRect& area) {
+    writeTiles(area & other.rect(), [&](Tile& tile, const QRect& place) {
+        const Tile& twin = other.tile(place.left() / TileSide, place.top() / TileSide);
+        if (twin.size() == tile.size() && twin.image() == tile.image())
+            tile = twin;
     });
 }
 
@@ -155,7 +150,7 @@ Raster Raster::resized(QSize size, Colour fill) const {
 QImage Raster::toImage(const QRect& area) const {
     if (area.isEmpty())
         return QImage();
-    QImage image = newTile(area.size());
+    QImage image = newImage(area.size());
     if (!rect().contains(area))
         fillAll(image, toPixel(Black));
     uchar* bits = image.bits();
@@ -181,16 +176,16 @@ void Raster::readRow(int y, int x, int count, QRgb* out) const {
 bool Raster::sharesTile(const Raster& other, int x, int y) const {
     if (!rect().contains(x, y) || !other.rect().contains(x, y))
         return false;
-    return tile(x / TileSide, y / TileSide).constBits() == other.tile(x / TileSide, y / TileSide).constBits();
+    return tile(x / TileSide, y / TileSide).sharesWith(other.tile(x / TileSide, y / TileSide));
 }
 
 bool operator==(const Raster& a, const Raster& b) {
     if (a.m_size != b.m_size)
         return false;
     for (qsizetype i = 0; i < a.m_tiles.size(); ++i) {
-        const QImage& one = a.m_tiles.at(i);
-        const QImage& other = b.m_tiles.at(i);
-        if (one.constBits() != other.constBits() && one != other)
+        const Tile& one = a.m_tiles.at(i);
+        const Tile& other = b.m_tiles.at(i);
+        if (!one.sharesWith(other) && one.image() != other.image())
             return false;
     }
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/colour.h"
+#include "platform/tile.h"
 
 #include <QImage>
 #include <QList>
@@ -17,7 +18,7 @@ namespace ovrano {
 /// outside gives InvalidColour, writing outside is ignored.
 class Raster {
 public:
-    static constexpr int TileSide = 256;
+    static constexpr int TileSide = Tile::Side;
     /// Largest side of a raster: what the 32-bit pixel arithmetic of a row can hold with room to spare.
     static constexpr int MaxSide = 1 << 20;
 
@@ -65,10 +66,17 @@ public:
     /// (x % TileSide, y % TileSide) of the tile.
     template<typename Visit>
     void readTiles(const QRect& area, Visit&& visit) const;
-    /// The same for writing: visit(QImage& tile, QRect place). The tile may still be shared; calling its
-    /// scanLine() or bits() once, outside inner loops, detaches it.
+    /// The same for writing: visit(Tile& tile, QRect place). The tile may still be shared; asking for its
+    /// pixels() makes it this raster's own.
     template<typename Visit>
     void writeTiles(const QRect& area, Visit&& visit);
+
+    /// The area of all tiles that meet an area.
+    static QRect wholeTiles(const QRect& area);
+
+    /// Shares the other raster's tiles that meet the area and have the same size and pixels as ours, so that
+    /// equal pixels are not kept twice.
+    void shareEqualTiles(const Raster& other, const QRect& area);
 
     /// Whether a pixel's tile is the same memory in both (for tests and for telling what changed).
     bool sharesTile(const Raster& other, int x, int y) const;
@@ -80,11 +88,11 @@ private:
     int columns() const { return (m_size.width() + TileSide - 1) / TileSide; }
     int rows() const { return (m_size.height() + TileSide - 1) / TileSide; }
     QRect tileRect(int column, int row) const;
-    const QImage& tile(int column, int row) const { return m_tiles.at(row * columns() + column); }
-    QImage& tile(int column, int row) { return m_tiles[row * columns() + column]; }
+    const Tile& tile(int column, int row) const { return m_tiles.at(row * columns() + column); }
+    Tile& tile(int column, int row) { return m_tiles[row * columns() + column]; }
 
     QSize m_size = QSize(0, 0);
-    QList<QImage> m_tiles; // row by row; edge tiles have just the size that is left
+    QList<Tile> m_tiles; // row by row; edge tiles have just the size that is left
 };
 
 template<typename Visit>
@@ -94,7 +102,7 @@ void Raster::readTiles(const QRect& area, Visit&& visit) const {
         return;
     for (int row = wanted.top() / TileSide; row <= wanted.bottom() / TileSide; ++row)
         for (int column = wanted.left() / TileSide; column <= wanted.right() / TileSide; ++column)
-            visit(tile(column, row), tileRect(column, row) & wanted);
+            visit(tile(column, row).image(), tileRect(column, row) & wanted);
 }
 
 template<typename Visit>

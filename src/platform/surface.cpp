@@ -55,11 +55,10 @@ void draw(Raster& raster, const QRect& area, const Pen& pen) {
         raster.fill(area, pen.colour);
         return;
     }
-    raster.writeTiles(area, [&](QImage& tile, const QRect& place) {
-        uchar* bits = tile.bits();
-        const qsizetype stride = tile.bytesPerLine();
+    raster.writeTiles(area, [&](Tile& tile, const QRect& place) {
+        QRgb* pixels = tile.pixels();
         for (int y = place.top(); y <= place.bottom(); ++y) {
-            auto* row = reinterpret_cast<QRgb*>(bits + (y % Raster::TileSide) * stride);
+            QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
             for (int x = place.left(); x <= place.right(); ++x) {
                 QRgb& pixel = row[x % Raster::TileSide];
                 if (pen.covers(x, y))

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QObject>
 #include <QRegion>
+#include <QScopeGuard>
 
 namespace ovrano {
 
@@ -110,6 +111,18 @@ public:
             return;
         edit(m_image, inside);
         drawn(inside);
+    }
+    /// The same with commit() in one: edit(Raster&) may change pixels inside the area, and all that has been
+    /// drawn becomes Picture. What no other surface shares is written in place; drawn first and committed
+    /// after, it would be copied, because Picture keeps it until then.
+    template<typename Edit>
+    void editCommitted(const QRegion& area, Edit&& edit) {
+        m_picture = m_base = Raster();
+        const auto committed = qScopeGuard([&] {
+            commit();
+            Q_EMIT changed(area & m_image.rect());
+        });
+        edit(m_image);
     }
 
 Q_SIGNALS:

@@ -132,9 +132,8 @@ TextMask::TextMask(const QFont& font, const QString& text, const QRect& window)
 QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
     const QRect area = m_ink.translated(origin) & raster.rect();
     const QRgb pixel = toPixel(colour);
-    raster.writeTiles(area, [&](QImage& tile, const QRect& place) {
-        uchar* bits = tile.bits();
-        const qsizetype stride = tile.bytesPerLine();
+    raster.writeTiles(area, [&](Tile& tile, const QRect& place) {
+        QRgb* pixels = tile.pixels();
         const auto above = [](const Run& run, int y) { return run.y < y; };
         auto run = std::lower_bound(m_runs.begin(), m_runs.end(), place.top() - origin.y(), above);
         for (; run != m_runs.end() && run->y + origin.y() <= place.bottom(); ++run) {
@@ -142,7 +141,7 @@ QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
             const int right = std::min(run->right + origin.x(), place.right() + 1);
             if (left >= right)
                 continue;
-            auto* row = reinterpret_cast<QRgb*>(bits + ((run->y + origin.y()) % Raster::TileSide) * stride);
+            QRgb* row = pixels + (run->y + origin.y()) % Raster::TileSide * tile.pixelsPerRow();
             std::fill_n(row + left % Raster::TileSide, right - left, pixel);
         }
     });

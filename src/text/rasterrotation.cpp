@@ -129,25 +129,27 @@ void RasterRotation::paintPatch(Raster& destination, const QRect& area, QPoint c
     m_rows.clear();
     for (int y = box.top(); y <= box.bottom(); ++y)
         m_rows.push_back(m_map.columnsOf(part, y - centre.y(), columns));
-    destination.writeTiles(box, [&](QImage& tile, const QRect& place) { paintTile(tile, place, centre); });
+    destination.writeTiles(box, [&](Tile& tile, const QRect& place) { paintTile(tile, place, centre); });
 }
 
 /// Paints the runs of m_rows inside a place of a tile, but for the row and the column of the centre.
-void RasterRotation::paintTile(QImage& tile, const QRect& place, QPoint centre) const {
+void RasterRotation::paintTile(Tile& tile, const QRect& place, QPoint centre) const {
+    QRgb* pixels = tile.pixels();
     for (int y = place.top(); y <= place.bottom(); ++y) {
         const Columns columns = m_rows[static_cast<std::size_t>(y - m_firstRow)];
         const int left = std::max(columns.first + centre.x(), place.left());
         const int right = std::min(columns.last + centre.x(), place.right());
         if (y == centre.y())
             continue;
+        QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
         const bool crossed = left <= centre.x() && centre.x() <= right;
-        paintRun(tile, QPoint(left, y), (crossed ? centre.x() : right + 1) - left, centre);
+        paintRun(row, QPoint(left, y), (crossed ? centre.x() : right + 1) - left, centre);
         if (crossed)
-            paintRun(tile, QPoint(centre.x() + 1, y), right - centre.x(), centre);
+            paintRun(row, QPoint(centre.x() + 1, y), right - centre.x(), centre);
     }
 }
 
-void RasterRotation::paintRun(QImage& tile, QPoint at, int count, QPoint centre) const {
+void RasterRotation::paintRun(QRgb* row, QPoint at, int count, QPoint centre) const {
     if (count <= 0)
         return;
     RotationMap::Point from = m_map.sourceOf(at - centre);
@@ -158,7 +160,6 @@ void RasterRotation::paintRun(QImage& tile, QPoint at, int count, QPoint centre)
         return pixels + (y >> RotationMap::FractionBits) * SourcePatch::Side +
                (x >> RotationMap::FractionBits);
     };
-    auto* row = reinterpret_cast<QRgb*>(tile.scanLine(at.y() % Raster::TileSide));
     QRgb* out = row + at.x() % Raster::TileSide;
     if (m_sampling == Sampling::Nearest)
         layRunOver(out, count, from, m_map.step(), [nearest](Fixed x, Fixed y) { return *nearest(x, y); });

@@ -32,8 +32,9 @@ public:
 
 private:
     void paintPatch(Raster& destination, const QRect& area, QPoint centre);
-    void paintTile(QImage& tile, const QRect& place, QPoint centre) const;
-    void paintRun(QImage& tile, QPoint at, int count, QPoint centre) const;
+    void paintTile(Tile& tile, const QRect& place, QPoint centre) const;
+    /// `row` is that of the tile in which the point `at` lies.
+    void paintRun(QRgb* row, QPoint at, int count, QPoint centre) const;
 
     void paintAxes(Raster& destination, QPoint centre);
     void paintAxis(Raster& destination, QPoint centre, QPoint direction, QPointF later, QPointF earlier);

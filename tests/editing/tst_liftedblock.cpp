@@ -6,7 +6,7 @@ using namespace ovrano;
 
 namespace {
 
-constexpr int Tile = Raster::TileSide;
+constexpr int TileSide = Raster::TileSide;
 
 } // namespace
 
@@ -207,7 +207,7 @@ void TestLiftedBlock::manyStepsLeaveNoTrace() {
 }
 
 void TestLiftedBlock::aStepCostsTheBlockNotThePicture() {
-    Desk desk(colourful(QSize(5 * Tile, 4 * Tile)));
+    Desk desk(colourful(QSize(5 * TileSide, 4 * TileSide)));
     desk.lift(20, 20, 59, 49);
     desk.block.grab(QPoint(20, 20));
     desk.block.dragTo(QPoint(25, 22));
@@ -216,8 +216,8 @@ void TestLiftedBlock::aStepCostsTheBlockNotThePicture() {
     connect(&desk.work.picDisp, &Surface::changed, this, [&](const QRegion& area) { announced += area; });
     desk.block.dragTo(QPoint(30, 24));
     QVERIFY(QRect(25, 22, 46, 33).contains(announced.boundingRect()));
-    for (int y = 0; y < 4 * Tile; y += Tile)
-        for (int x = 0; x < 5 * Tile; x += Tile)
+    for (int y = 0; y < 4 * TileSide; y += TileSide)
+        for (int x = 0; x < 5 * TileSide; x += TileSide)
             QCOMPARE(desk.work.picDisp.Picture().sharesTile(before, x, y), x > 0 || y > 0);
 }
 

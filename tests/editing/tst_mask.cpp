@@ -11,7 +11,7 @@ using namespace ovrano;
 
 namespace {
 
-constexpr int Tile = Raster::TileSide;
+constexpr int TileSide = Raster::TileSide;
 
 Surface* surface(const Raster& picture, QObject* parent) {
     auto* made = new Surface(QStringLiteral("surface"), picture.size(), parent);
@@ -105,10 +105,16 @@ void TestMask::masksInAnyColour() {
 void TestMask::agreesWithTheObviousScan_data() {
     QTest::addColumn<QSize>("size");
     QTest::addColumn<int>("colour");
-    const std::initializer_list<QSize> sizes = {
-        {1, 1},           {7, 3},        {1, Tile + 1}, {Tile - 1, 2},
-        {Tile, Tile},     {Tile + 1, 5}, {3 * Tile, 1}, {2 * Tile + 3, Tile + 9},
-        {Tile, 2 * Tile}, {300, 301}};
+    const std::initializer_list<QSize> sizes = {{1, 1},
+                                                {7, 3},
+                                                {1, TileSide + 1},
+                                                {TileSide - 1, 2},
+                                                {TileSide, TileSide},
+                                                {TileSide + 1, 5},
+                                                {3 * TileSide, 1},
+                                                {2 * TileSide + 3, TileSide + 9},
+                                                {TileSide, 2 * TileSide},
+                                                {300, 301}};
     for (const QSize size : sizes)
         for (const Colour colour : {Black, White, rgb(18, 52, 86), rgb(1, 2, 3)})
             QTest::addRow("%dx%d %06x", size.width(), size.height(), static_cast<unsigned>(colour))
@@ -159,40 +165,40 @@ void TestMask::anEmptySurfaceIsNoProblem() {
 }
 
 void TestMask::tilesWithoutTheColourStayShared() {
-    Raster picture(QSize(3 * Tile, Tile), White);
-    picture.setPixel(Tile + 7, 3, Black);
+    Raster picture(QSize(3 * TileSide, TileSide), White);
+    picture.setPixel(TileSide + 7, 3, Black);
     auto* pic = surface(picture, this);
     CreateMask(*pic, rgb(0, 0, 255));
     QVERIFY(pic->Image().sharesTile(picture, 0, 0));
-    QVERIFY(!pic->Image().sharesTile(picture, Tile, 0));
-    QVERIFY(pic->Image().sharesTile(picture, 2 * Tile, 0));
-    QCOMPARE(picture.pixel(Tile + 7, 3), Black);
+    QVERIFY(!pic->Image().sharesTile(picture, TileSide, 0));
+    QVERIFY(pic->Image().sharesTile(picture, 2 * TileSide, 0));
+    QCOMPARE(picture.pixel(TileSide + 7, 3), Black);
 }
 
 void TestMask::announcesChangedTilesOnly() {
-    Raster picture(QSize(3 * Tile, 2 * Tile), White);
-    picture.setPixel(Tile, Tile, Black);
+    Raster picture(QSize(3 * TileSide, 2 * TileSide), White);
+    picture.setPixel(TileSide, TileSide, Black);
     auto* pic = surface(picture, this);
     QRegion announced;
     connect(pic, &Surface::changed, this, [&](const QRegion& area) { announced += area; });
     WhiteNonPaintArea(*pic, Black);
-    QCOMPARE(announced.boundingRect(), QRect(Tile, Tile, Tile, Tile));
+    QCOMPARE(announced.boundingRect(), QRect(TileSide, TileSide, TileSide, TileSide));
 }
 
 void TestMask::letsTheWindowRepaintMeanwhile() {
-    auto* pic = surface(Raster(QSize(20 * Tile, 1), Black), this);
+    auto* pic = surface(Raster(QSize(20 * TileSide, 1), Black), this);
     bool repainted = false;
     bool inTheMidst = false;
     // Each tile takes long enough for a frame to become due before the end.
     connect(pic, &Surface::changed, this, [&] { QThread::msleep(3); });
     QTimer::singleShot(0, this, [&] {
         repainted = true;
-        inTheMidst = pic->Image().pixel(0, 0) == White && pic->Image().pixel(20 * Tile - 1, 0) == Black;
+        inTheMidst = pic->Image().pixel(0, 0) == White && pic->Image().pixel(20 * TileSide - 1, 0) == Black;
     });
     WhiteNonPaintArea(*pic, Black);
     QVERIFY(repainted);
     QVERIFY(inTheMidst);
-    QCOMPARE(pic->Image().pixel(20 * Tile - 1, 0), White);
+    QCOMPARE(pic->Image().pixel(20 * TileSide - 1, 0), White);
 }
 
 void TestMask::cornerColourAndWhiteLetTheBackgroundThrough() {
@@ -220,7 +226,7 @@ void TestMask::agreesWithTheTwoRasterOperations_data() {
     QTest::addColumn<QSize>("mask");
     QTest::addColumn<QPoint>("to");
     QTest::addColumn<QSize>("size");
-    const QSize large(2 * Tile + 5, Tile + 31);
+    const QSize large(2 * TileSide + 5, TileSide + 31);
     QTest::newRow("inside") << QSize(50, 40) << QSize(11, 7) << QSize(11, 7) << QPoint(3, 5) << QSize(11, 7);
     QTest::newRow("one wider") << QSize(50, 40) << QSize(11, 7) << QSize(11, 7) << QPoint(3, 5)
                                << QSize(12, 8);
@@ -240,18 +246,19 @@ void TestMask::agreesWithTheTwoRasterOperations_data() {
                                    << QSize(26, 32);
     QTest::newRow("no mask") << QSize(50, 40) << QSize(9, 12) << QSize(0, 0) << QPoint(2, 3) << QSize(9, 12);
     QTest::newRow("no block") << QSize(50, 40) << QSize(0, 0) << QSize(9, 12) << QPoint(2, 3) << QSize(9, 12);
-    QTest::newRow("tiles in step") << large << QSize(Tile + 3, Tile) << QSize(Tile + 3, Tile)
-                                   << QPoint(Tile, 0) << QSize(Tile + 3, Tile);
-    QTest::newRow("tiles out of step") << large << QSize(Tile + 9, Tile + 2) << QSize(Tile + 9, Tile + 2)
-                                       << QPoint(101, 17) << QSize(Tile + 10, Tile + 3);
+    QTest::newRow("tiles in step") << large << QSize(TileSide + 3, TileSide) << QSize(TileSide + 3, TileSide)
+                                   << QPoint(TileSide, 0) << QSize(TileSide + 3, TileSide);
+    QTest::newRow("tiles out of step")
+        << large << QSize(TileSide + 9, TileSide + 2) << QSize(TileSide + 9, TileSide + 2) << QPoint(101, 17)
+        << QSize(TileSide + 10, TileSide + 3);
     QTest::newRow("tiles from before the corner")
-        << large << QSize(2 * Tile + 1, Tile + 1) << QSize(2 * Tile + 1, Tile + 1) << QPoint(-Tile - 1, -13)
-        << QSize(2 * Tile + 2, Tile + 2);
+        << large << QSize(2 * TileSide + 1, TileSide + 1) << QSize(2 * TileSide + 1, TileSide + 1)
+        << QPoint(-TileSide - 1, -13) << QSize(2 * TileSide + 2, TileSide + 2);
     QTest::newRow("smaller mask over tiles")
-        << large << QSize(2 * Tile, Tile + 5) << QSize(Tile - 3, Tile + 2) << QPoint(1, -1)
-        << QSize(2 * Tile + 1, Tile + 6);
+        << large << QSize(2 * TileSide, TileSide + 5) << QSize(TileSide - 3, TileSide + 2) << QPoint(1, -1)
+        << QSize(2 * TileSide + 1, TileSide + 6);
     QTest::newRow("last pixel of a tile")
-        << large << QSize(2, 2) << QSize(2, 2) << QPoint(Tile - 1, Tile - 1) << QSize(2, 2);
+        << large << QSize(2, 2) << QSize(2, 2) << QPoint(TileSide - 1, TileSide - 1) << QSize(2, 2);
 }
 
 void TestMask::agreesWithTheTwoRasterOperations() {
@@ -273,14 +280,15 @@ void TestMask::agreesWithTheTwoRasterOperations() {
 }
 
 void TestMask::composingTouchesItsOwnTilesOnly() {
-    const Raster before(QSize(3 * Tile, 3 * Tile), rgb(255, 255, 0));
+    const Raster before(QSize(3 * TileSide, 3 * TileSide), rgb(255, 255, 0));
     auto* picture = surface(before, this);
     auto* block = surface(Raster(QSize(10, 10), Black), this);
     QRegion announced;
     connect(picture, &Surface::changed, this, [&](const QRegion& area) { announced += area; });
-    composeMasked(*picture, *block, *block, QPoint(Tile + 20, Tile + 30), QSize(11, 11));
-    QCOMPARE(announced.boundingRect(), QRect(Tile + 20, Tile + 30, 10, 10));
-    for (const QPoint corner : {QPoint(0, 0), QPoint(Tile, 0), QPoint(0, Tile), QPoint(2 * Tile, 2 * Tile)})
+    composeMasked(*picture, *block, *block, QPoint(TileSide + 20, TileSide + 30), QSize(11, 11));
+    QCOMPARE(announced.boundingRect(), QRect(TileSide + 20, TileSide + 30, 10, 10));
+    for (const QPoint corner :
+         {QPoint(0, 0), QPoint(TileSide, 0), QPoint(0, TileSide), QPoint(2 * TileSide, 2 * TileSide)})
         QVERIFY(picture->Image().sharesTile(before, corner.x(), corner.y()));
 }
 

@@ -50,6 +50,10 @@ private Q_SLOTS:
     void toImageAndBack();
     void readRowCrossesTiles();
     void visitsEveryPixelOnce();
+    void equalTilesAreSharedAgain();
+    void areaOfWholeTiles();
+    void memoryOfTilesIsKept();
+    void manyTilesGoBackToTheSystem();
     void equalityLooksAtPixels();
 };
 
@@ -202,16 +206,66 @@ void TestRaster::readRowCrossesTiles() {
 void TestRaster::visitsEveryPixelOnce() {
     Raster raster(QSize(530, 270), Black);
     const QRect area(3, 5, 520, 260);
-    raster.writeTiles(area, [](QImage& tile, const QRect& place) {
+    raster.writeTiles(area, [](Tile& tile, const QRect& place) {
         for (int y = place.top(); y <= place.bottom(); ++y)
-            for (int x = place.left(); x <= place.right(); ++x) {
-                auto* row = reinterpret_cast<QRgb*>(tile.scanLine(y % Raster::TileSide));
-                row[x % Raster::TileSide] += 1;
-            }
+            for (int x = place.left(); x <= place.right(); ++x)
+                tile.pixels()[y % Raster::TileSide * tile.pixelsPerRow() + x % Raster::TileSide] += 1;
     });
     Raster expected(QSize(530, 270), Black);
     expected.fill(area, rgb(0, 0, 1));
     QCOMPARE(raster, expected);
+}
+
+void TestRaster::equalTilesAreSharedAgain() {
+    const Raster original = patterned(QSize(600, 300));
+    Raster changed = original;
+    changed.setPixel(10, 10, White);
+    changed.setPixel(300, 10, White);
+    changed.setPixel(300, 10, original.pixel(300, 10)); // and back
+    QVERIFY(!changed.sharesTile(original, 300, 10));
+    changed.shareEqualTiles(original, QRect(0, 0, 257, 1));
+    QVERIFY(changed.sharesTile(original, 300, 10));
+    QVERIFY(!changed.sharesTile(original, 10, 10));
+    QCOMPARE(changed.pixel(10, 10), White);
+
+    Raster narrower(QSize(500, 300), Black); // its last tile is another size than the one above
+    narrower.copyFrom(original, narrower.rect());
+    narrower.shareEqualTiles(original, narrower.rect());
+    QVERIFY(narrower.sharesTile(original, 0, 0));
+    QVERIFY(!narrower.sharesTile(original, 300, 0));
+}
+
+void TestRaster::areaOfWholeTiles() {
+    QCOMPARE(Raster::wholeTiles(QRect(0, 0, 256, 256)), QRect(0, 0, 256, 256));
+    QCOMPARE(Raster::wholeTiles(QRect(255, 256, 2, 1)), QRect(0, 256, 512, 256));
+    QCOMPARE(Raster::wholeTiles(QRect(-1, -257, 2, 1)), QRect(-256, -512, 512, 256));
+    QCOMPARE(Raster::wholeTiles(QRect()), QRect());
+}
+
+void TestRaster::memoryOfTilesIsKept() {
+    const QSize full(Tile::Side, Tile::Side);
+    { const Tile first = Tile::filled(full, 0); }
+    const std::size_t before = Tile::kept();
+    QVERIFY(before > 0);
+    Tile taken = Tile::unwritten(full);
+    QCOMPARE(Tile::kept(), before - 1);
+    const Tile copy = taken;
+    QVERIFY(copy.sharesWith(taken));
+    const QRgb* pixels = copy.row(0);
+    QVERIFY(taken.pixels() != pixels); // shared: a write gets its own
+    QCOMPARE(copy.row(0), pixels);
+    const QRgb* own = taken.row(0);
+    QCOMPARE(static_cast<const QRgb*>(taken.pixels()), own); // not shared any more
+}
+
+void TestRaster::manyTilesGoBackToTheSystem() {
+    const std::size_t before = Tile::kept();
+    {
+        std::vector<Tile> many;
+        for (int i = 0; i < 400; ++i)
+            many.push_back(Tile::unwritten(QSize(Tile::Side, Tile::Side)));
+    }
+    QVERIFY2(Tile::kept() <= before + 200, qPrintable(QString::number(Tile::kept())));
 }
 
 void TestRaster::equalityLooksAtPixels() {

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void startsWhiteWhateverTheTheme();
     void clsDropsWhatIsNotCommitted();
     void commitMakesDrawingPersistent();
+    void committedEditIsWrittenInPlace();
+    void failedEditLeavesAPicture();
     void pictureIsLaidFromTheCorner();
     void largerShowsBackgroundSmallerCuts();
     void drawingSurvivesAChangeOfSize();
@@ -99,6 +101,42 @@ void TestSurface::commitMakesDrawingPersistent() {
     QCOMPARE(rowsOf(surface.Image()), QStringList({".r"}));
     surface.setPicture(Raster());
     QCOMPARE(rowsOf(surface.Image()), QStringList({".."}));
+}
+
+void TestSurface::committedEditIsWrittenInPlace() {
+    Surface surface(QStringLiteral("picDisp"), QSize(300, 300));
+    surface.editCommitted(QRect(0, 0, 1, 1), [](Raster& image) { image.setPixel(0, 0, Red); });
+    const auto memory = [&surface] {
+        const uchar* bits = nullptr;
+        surface.Image().readTiles(QRect(0, 0, 1, 1),
+                                  [&](const QImage& tile, const QRect&) { bits = tile.constBits(); });
+        return bits;
+    };
+    const uchar* before = memory();
+    QSignalSpy changed(&surface, &Surface::changed);
+    surface.editCommitted(QRect(1, 0, 400, 1), [](Raster& image) { image.setPixel(1, 0, Blue); });
+    QCOMPARE(memory(), before);
+    QCOMPARE(surface.Picture(), surface.Image());
+    surface.Cls();
+    QCOMPARE(surface.Point(0, 0), Red);
+    QCOMPARE(surface.Point(1, 0), Blue);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().first().value<QRegion>(), QRegion(1, 0, 299, 1));
+
+    const Raster kept = surface.Picture(); // somebody else's copy stays what it was
+    surface.editCommitted(QRect(0, 0, 1, 1), [](Raster& image) { image.setPixel(0, 0, Blue); });
+    QCOMPARE(kept.pixel(0, 0), Red);
+    QCOMPARE(surface.Point(0, 0), Blue);
+}
+
+void TestSurface::failedEditLeavesAPicture() {
+    Surface surface(QStringLiteral("picDisp"), QSize(20, 10));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, surface.editCommitted(QRect(0, 0, 20, 10), [](Raster& image) {
+        image.setPixel(3, 3, Red);
+        throw RuntimeError(error::OutOfMemory);
+    }));
+    QCOMPARE(surface.Picture().size(), QSize(20, 10));
+    QCOMPARE(surface.Picture(), surface.Image());
 }
 
 void TestSurface::pictureIsLaidFromTheCorner() {
