@@ -84,17 +84,17 @@ void TestAppearance::keepPicture(User& user, const QString& window) {
 void TestAppearance::judge(User& user, const QString& window) {
     user.waitForWindow(window);
     keepPicture(user, window);
+    // Screens need not hold a whole number of the program's pixels.
+    user.waitFor(
+        [&] {
+            const QWidget* shown = User::shown(window);
+            const QRect screen = shown->screen()->availableGeometry().adjusted(-1, -1, 1, 1);
+            return !shown->frameGeometry().isEmpty() && screen.contains(shown->frameGeometry());
+        },
+        window + QStringLiteral(" inside the screen"));
     const QStringList complaints = inGui([&] {
         const QWidget& shown = *User::shown(window);
-        QStringList found = layoutComplaints(shown) + contrastComplaints(shown);
-        // Screens need not hold a whole number of the program's pixels.
-        if (!shown.screen()->availableGeometry().adjusted(-1, -1, 1, 1).contains(shown.frameGeometry()))
-            found.append(QStringLiteral("it reaches out of the screen: %1, %2 to %3, %4")
-                             .arg(shown.frameGeometry().left())
-                             .arg(shown.frameGeometry().top())
-                             .arg(shown.frameGeometry().right())
-                             .arg(shown.frameGeometry().bottom()));
-        return found;
+        return layoutComplaints(shown) + contrastComplaints(shown);
     });
     if (!complaints.isEmpty())
         throw InputError(window + QStringLiteral(": ") + complaints.join(QStringLiteral("; ")));

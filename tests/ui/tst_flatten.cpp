@@ -359,6 +359,7 @@ void TestFlatten::followsTheApplicationsStyle() {
         QCOMPARE(FlatStyle::instance().baseStyle()->name(), name);
         // What the style beneath decides is what the application's decides.
         QPushButton plain(QStringLiteral("Appliquer"));
+        plain.setFont(all.button->font());
         all.button->setText(plain.text());
         QCOMPARE(all.button->sizeHint(), plain.sizeHint());
         compareStaticEdge(*all.button);
