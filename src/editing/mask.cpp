@@ -2,6 +2,8 @@
 
 #include "platform/vectorised.h"
 
+#include <cstddef>
+
 namespace ovrano {
 
 namespace {
@@ -16,6 +18,18 @@ struct Recolouring {
     bool meets(QRgb pixel) const { return ((pixel | 0xFF000000U) == compared) == whenEqual; }
 };
 
+/// Pixels in rows that need not lie close to each other.
+template<typename Pixel>
+struct Rows {
+    Pixel* first;
+    std::ptrdiff_t pixelsPerRow;
+};
+
+Rows<const QRgb> rowsOf(const QImage& tile, QPoint corner = QPoint(0, 0)) {
+    const auto* row = reinterpret_cast<const QRgb*>(tile.constScanLine(corner.y()));
+    return {row + corner.x(), tile.bytesPerLine() / qsizetype{sizeof(QRgb)}};
+}
+
 /// Looks at the whole row, so that it goes by vectors.
 OVRANO_VECTORISED bool rowHas(const QRgb* row, int count, Recolouring wanted) {
     QRgb found = 0;
@@ -24,24 +38,31 @@ OVRANO_VECTORISED bool rowHas(const QRgb* row, int count, Recolouring wanted) {
     return found != 0;
 }
 
-OVRANO_VECTORISED void recolourRow(QRgb* out, const QRgb* row, int count, Recolouring wanted) {
-    for (int x = 0; x < count; ++x)
-        out[x] = wanted.meets(row[x]) ? wanted.colour : row[x];
+OVRANO_VECTORISED void recolourRows(Rows<QRgb> out, Rows<const QRgb> in, QSize size, Recolouring wanted) {
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            out.first[x] = wanted.meets(in.first[x]) ? wanted.colour : in.first[x];
+        out.first += out.pixelsPerRow;
+        in.first += in.pixelsPerRow;
+    }
 }
 
 /// MERGEPAINT with the mask, then SRCAND with the block.
-OVRANO_VECTORISED void composeRow(QRgb* row, const QRgb* block, const QRgb* mask, int count) {
-    for (int x = 0; x < count; ++x)
-        row[x] = (~mask[x] | row[x]) & block[x];
-}
-
-const QRgb* rowOf(const QImage& tile, int y) {
-    return reinterpret_cast<const QRgb*>(tile.constScanLine(y));
+OVRANO_VECTORISED void composeRows(Rows<QRgb> onto, Rows<const QRgb> block, Rows<const QRgb> mask,
+                                   QSize size) {
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            onto.first[x] = (~mask.first[x] | onto.first[x]) & block.first[x];
+        onto.first += onto.pixelsPerRow;
+        block.first += block.pixelsPerRow;
+        mask.first += mask.pixelsPerRow;
+    }
 }
 
 bool tileHas(const QImage& tile, const Recolouring& wanted) {
+    const Rows<const QRgb> rows = rowsOf(tile);
     for (int y = 0; y < tile.height(); ++y)
-        if (rowHas(rowOf(tile, y), tile.width(), wanted))
+        if (rowHas(rows.first + y * rows.pixelsPerRow, tile.width(), wanted))
             return true;
     return false;
 }
@@ -50,8 +71,7 @@ bool tileHas(const QImage& tile, const Recolouring& wanted) {
 void recolourTile(Tile& tile, const Recolouring& wanted) {
     Tile anew = Tile::unwritten(tile.size());
     QRgb* pixels = anew.pixels();
-    for (int y = 0; y < tile.size().height(); ++y)
-        recolourRow(pixels + y * anew.pixelsPerRow(), tile.row(y), tile.size().width(), wanted);
+    recolourRows({pixels, anew.pixelsPerRow()}, rowsOf(tile.image()), tile.size(), wanted);
     tile = anew;
 }
 
@@ -87,18 +107,21 @@ Raster whiteBeyond(const Raster& raster, QSize size) {
     return raster.resized(raster.size().expandedTo(size), White);
 }
 
+QPoint inTile(QPoint point) {
+    return {point.x() % Raster::TileSide, point.y() % Raster::TileSide};
+}
+
 /// Composes into the part `place` of one tile of the destination; `to` is where the block's corner lies.
 void composeTile(Tile& tile, const QRect& place, const Raster& block, const Raster& mask, QPoint to) {
-    constexpr int Side = Raster::TileSide;
     QRgb* pixels = tile.pixels();
     block.readTiles(place.translated(-to), [&](const QImage& blockTile, const QRect& part) {
-        const int from = part.left() % Side;
-        const int there = (part.left() + to.x()) % Side;
+        const QPoint from = inTile(part.topLeft());
+        const QPoint there = inTile(part.topLeft() + to);
+        QRgb* onto = pixels + there.y() * tile.pixelsPerRow() + there.x();
         // Block and mask have the same corner: a part of one tile of the block is in one tile of the mask.
         mask.readTiles(part, [&](const QImage& maskTile, const QRect&) {
-            for (int y = part.top(); y <= part.bottom(); ++y)
-                composeRow(pixels + (y + to.y()) % Side * tile.pixelsPerRow() + there,
-                           rowOf(blockTile, y % Side) + from, rowOf(maskTile, y % Side) + from, part.width());
+            composeRows({onto, tile.pixelsPerRow()}, rowsOf(blockTile, from), rowsOf(maskTile, from),
+                        part.size());
         });
     });
 }
