@@ -1,69 +1,106 @@
 #include "document/colourhistogram.h"
 
-#include <cstddef>
-#include <cstdint>
+#include <algorithm>
+#include <span>
 
 namespace ovrano {
 
 namespace {
 
-constexpr std::size_t Levels = 64;
+constexpr int CubeSide = 4;
+constexpr std::size_t Cubes = std::size_t{1} << 18;
+constexpr std::size_t BlockSize = 64;
+constexpr int Group = 4; // pixels
+constexpr std::uint32_t NoBlock = 0xFFFFFFFF;
 
-/// Count of pixels and the sums of what the bin's place leaves of red, green and blue. A sum grows by at
-/// most 3 a pixel, and a picture file of 24 bits a pixel and less than 4 GB cannot make it overflow.
-using Sums = std::array<std::uint32_t, 4>;
-
-std::size_t binOf(QRgb pixel) {
-    return (pixel >> 6 & 0x3F000) | (pixel >> 4 & 0xFC0) | (pixel >> 2 & 0x3F);
+/// The colour of a place in a cube.
+std::array<int, 3> channelsOf(std::size_t cube, int place) {
+    const auto corner = static_cast<int>(cube);
+    return {(corner >> 12) * CubeSide + (place >> 4), (corner >> 6 & 63) * CubeSide + (place >> 2 & 3),
+            (corner & 63) * CubeSide + (place & 3)};
 }
 
-/// What a pixel adds to its bin, by the lower two bits of its channels.
-std::array<Sums, 64> makeAdditions() {
-    std::array<Sums, 64> additions;
-    for (std::uint32_t bits = 0; bits < 64; ++bits)
-        additions[bits] = {1, bits >> 4, bits >> 2 & 3, bits & 3};
-    return additions;
-}
+/// Count of pixels and the sums of their channels.
+struct Sums {
+    std::uint64_t pixels = 0;
+    std::array<std::uint64_t, 3> channels = {};
 
-void addRow(const QRgb* row, int width, std::vector<Sums>& bins) {
-    static const std::array<Sums, 64> additions = makeAdditions();
-    for (int x = 0; x < width; ++x) {
-        const QRgb pixel = row[x];
-        const Sums& addition = additions[(pixel >> 12 & 0x30) | (pixel >> 6 & 0xC) | (pixel & 3)];
-        Sums& sums = bins[binOf(pixel)];
-        for (std::size_t i = 0; i < sums.size(); ++i)
-            sums[i] += addition[i];
+    void add(const std::array<int, 3>& colour, std::uint32_t count) {
+        pixels += count;
+        for (std::size_t i = 0; i < channels.size(); ++i)
+            channels[i] += std::uint64_t{count} * static_cast<std::uint64_t>(colour[i]);
     }
+    ColourBin bin() const {
+        ColourBin bin;
+        bin.pixels = static_cast<float>(pixels);
+        for (std::size_t i = 0; i < channels.size(); ++i)
+            bin.mean[i] = static_cast<float>(double(channels[i]) / double(pixels));
+        return bin;
+    }
+};
+
+/// Which of the smaller cubes of the given side has a place of a cube.
+std::size_t partOf(int place, int side) {
+    const int parts = CubeSide / side;
+    const int part = ((place >> 4) / side * parts + (place >> 2 & 3) / side) * parts + (place & 3) / side;
+    return static_cast<std::size_t>(part);
 }
 
-ColourBin toBin(std::size_t place, const Sums& sums) {
-    const std::array<std::size_t, 3> levels = {place / (Levels * Levels), place / Levels % Levels,
-                                               place % Levels};
-    ColourBin bin;
-    bin.pixels = static_cast<float>(sums[0]);
-    for (std::size_t i = 0; i < levels.size(); ++i)
-        bin.mean[i] = static_cast<float>(levels[i] * 4) + static_cast<float>(double(sums[i + 1]) / sums[0]);
-    return bin;
+void appendBins(std::size_t cube, std::span<const std::uint32_t> counts, int side,
+                ColourHistogram& histogram) {
+    std::array<Sums, BlockSize> parts;
+    for (int place = 0; place < int{BlockSize}; ++place)
+        if (const std::uint32_t count = counts[static_cast<std::size_t>(place)])
+            parts[partOf(place, side)].add(channelsOf(cube, place), count);
+    for (const Sums& part : parts)
+        if (part.pixels > 0)
+            histogram.push_back(part.bin());
 }
 
 } // namespace
 
-ColourHistogram exactHistogram(const ColourTable& colours) {
-    ColourHistogram histogram;
-    histogram.reserve(static_cast<std::size_t>(colours.size()));
-    colours.forEach([&](QRgb colour, std::uint32_t pixels) {
-        histogram.push_back({toPoint(colour), static_cast<float>(pixels)});
-    });
-    return histogram;
+ColourCounts::ColourCounts()
+    : m_blocks(Cubes, NoBlock) {}
+
+void ColourCounts::add(const QRgb* row, int width) {
+    int x = 0;
+    for (; x + Group <= width; x += Group)
+        addGroup(row + x);
+    for (; x < width; ++x)
+        ++countOf(row[x]);
 }
 
-ColourHistogram coarseHistogram(PixelRows& rows) {
-    std::vector<Sums> bins(Levels * Levels * Levels);
-    forEachRow(rows, [&](int, const QRgb* row) { addRow(row, rows.size().width(), bins); });
+/// Groups of one colour, as drawings have them, are counted at once; to find shorter runs in a photograph
+/// would take longer than to count.
+inline void ColourCounts::addGroup(const QRgb* pixels) {
+    QRgb differing = 0;
+    for (int i = 1; i < Group; ++i)
+        differing |= pixels[i] ^ pixels[0];
+    if (differing == 0)
+        countOf(pixels[0]) += Group;
+    else
+        for (int i = 0; i < Group; ++i)
+            ++countOf(pixels[i]);
+}
+
+inline std::uint32_t& ColourCounts::countOf(QRgb colour) {
+    std::uint32_t& block = m_blocks[cubeOf(colour)];
+    if (block == NoBlock) {
+        block = static_cast<std::uint32_t>(m_counts.size());
+        m_counts.resize(m_counts.size() + BlockSize);
+    }
+    return m_counts[block + placeInCube(colour)];
+}
+
+std::size_t ColourCounts::size() const {
+    return m_counts.size() - static_cast<std::size_t>(std::count(m_counts.begin(), m_counts.end(), 0U));
+}
+
+ColourHistogram ColourCounts::histogram(int side) const {
     ColourHistogram histogram;
-    for (std::size_t place = 0; place < bins.size(); ++place)
-        if (bins[place][0] > 0)
-            histogram.push_back(toBin(place, bins[place]));
+    for (std::size_t cube = 0; cube < Cubes; ++cube)
+        if (m_blocks[cube] != NoBlock)
+            appendBins(cube, std::span(m_counts).subspan(m_blocks[cube], BlockSize), side, histogram);
     return histogram;
 }
 

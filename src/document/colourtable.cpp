@@ -26,20 +26,6 @@ std::uint32_t* ColourTable::insert(QRgb colour) {
     return &m_slots[place].number;
 }
 
-bool ColourTable::count(const QRgb* row, int width) {
-    for (int x = 0; x < width;) {
-        const QRgb colour = row[x];
-        const int begin = x;
-        while (x < width && row[x] == colour)
-            ++x;
-        std::uint32_t* number = insert(colour);
-        if (!number)
-            return false;
-        *number += static_cast<std::uint32_t>(x - begin);
-    }
-    return true;
-}
-
 void ColourTable::read(const QRgb* row, int width, std::uint8_t* indices) {
     QRgb last = Free;
     std::uint8_t index = 0;

@@ -19,9 +19,6 @@ public:
     /// The number of an opaque colour, 0 when the colour is new. Null when it is new and the table is full.
     std::uint32_t* insert(QRgb colour);
 
-    /// Adds the pixels of a row to the colours' numbers. False when the table became full on the way.
-    bool count(const QRgb* row, int width);
-
     /// Reads the numbers of the pixels of a row, whose colours must all be there, as indices.
     void read(const QRgb* row, int width, std::uint8_t* indices);
 
@@ -29,13 +26,6 @@ public:
     template<typename Visit>
     void forEach(Visit&& visit) const {
         for (const Slot& slot : m_slots)
-            if (slot.colour != Free)
-                visit(slot.colour, slot.number);
-    }
-    /// The same with numbers that may be written.
-    template<typename Visit>
-    void forEach(Visit&& visit) {
-        for (Slot& slot : m_slots)
             if (slot.colour != Free)
                 visit(slot.colour, slot.number);
     }

@@ -14,9 +14,8 @@ namespace ovrano {
 
 namespace {
 
-/// Up to so many colours are told apart one by one. Drawings and screens usually have less, photographs show
-/// in their first rows that they have more.
-constexpr int MaxDistinctColours = 32768;
+/// The greatest histogram worth its time. Drawings, screens and clear skies usually have less colours.
+constexpr std::size_t MaxBins = 32768;
 
 /// After this many passes the palette hardly moves any more.
 constexpr int RefinementPasses = 4;
@@ -37,20 +36,33 @@ Palette reducedPalette(ColourHistogram histogram) {
     return toPalette(colours);
 }
 
-/// Puts each colour's nearest palette colour into the table. Gives the greatest squared distance.
-float assignNearest(ColourTable& colours, const Palette& palette) {
-    NearestColour nearest(toPoints(palette));
+/// Of more colours than MaxBins. Where they lie close together, as in a portrait, 256 colours come so near to
+/// them that bins of 4 × 4 × 4 would be felt; where they do not, finer bins would gain next to nothing.
+ColourHistogram coarseHistogram(const ColourCounts& counts) {
+    ColourHistogram fine = counts.histogram(2);
+    return fine.size() <= MaxBins ? fine : counts.histogram(4);
+}
+
+/// The greatest squared distance of a colour to its nearest palette colour.
+float greatestError(const ColourHistogram& colours, const Palette& palette) {
+    const std::vector<ColourPoint> points = toPoints(palette);
+    NearestColour nearest(points);
     float greatest = 0;
-    colours.forEach([&](QRgb colour, std::uint32_t& index) {
-        index = nearest(toPoint(colour));
-        greatest = std::max(greatest, squaredDistance(toPoint(colour), toPoint(palette[index])));
-    });
+    for (const ColourBin& colour : colours)
+        greatest = std::max(greatest, squaredDistance(colour.mean, points[nearest(colour.mean)]));
     return greatest;
 }
 
-/// Maps the pixels by the indices that the table has for their colours.
-IndexedPicture mapByColour(PixelRows& rows, ColourTable& colours, Palette palette) {
-    IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
+QRgb toColour(const ColourPoint& whole) {
+    return qRgb(int(whole[0]), int(whole[1]), int(whole[2]));
+}
+
+/// A picture of at most MaxColours, pixel for pixel.
+IndexedPicture mapExactly(PixelRows& rows, const ColourHistogram& histogram) {
+    ColourTable colours(MaxColours);
+    for (const ColourBin& bin : histogram)
+        colours.insert(toColour(bin.mean));
+    IndexedPicture picture = blankPicture(rows.size(), exactPalette(colours));
     forEachRow(rows, [&](int y, const QRgb* row) { colours.read(row, rows.size().width(), picture.row(y)); });
     return picture;
 }
@@ -58,44 +70,52 @@ IndexedPicture mapByColour(PixelRows& rows, ColourTable& colours, Palette palett
 IndexedPicture mapByNearest(PixelRows& rows, Palette palette) {
     IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
     PaletteTable table(picture.palette);
-    forEachRow(rows, [&](int y, const QRgb* row) {
-        std::transform(row, row + rows.size().width(), picture.row(y),
-                       [&](QRgb pixel) { return table(qRed(pixel), qGreen(pixel), qBlue(pixel)); });
-    });
+    forEachRow(rows, [&](int y, const QRgb* row) { table.map(row, rows.size().width(), picture.row(y)); });
     return picture;
 }
 
 IndexedPicture mapWithDiffusion(PixelRows& rows, Palette palette) {
     IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
     ErrorDiffusion diffusion(picture.palette, rows.size().width());
-    forEachRow(rows, [&](int y, const QRgb* row) { diffusion.map(row, picture.row(y)); });
+    std::vector<QRgb> upper; // a row that waits for the one below
+    forEachRow(rows, [&](int y, const QRgb* row) {
+        if (y % 2 == 1)
+            diffusion.map(upper.data(), row, picture.row(y - 1), picture.row(y));
+        else if (y + 1 < rows.size().height())
+            upper.assign(row, row + rows.size().width());
+        else
+            diffusion.map(row, picture.row(y));
+    });
     return picture;
 }
 
-IndexedPicture reduceFewColours(PixelRows& rows, ColourTable& colours, Diffusion diffusion) {
-    Palette palette = reducedPalette(exactHistogram(colours));
-    if (assignNearest(colours, palette) <= InvisibleError || diffusion == Diffusion::Off)
-        return mapByColour(rows, colours, std::move(palette));
-    return mapWithDiffusion(rows, std::move(palette));
-}
-
-IndexedPicture reduceManyColours(PixelRows& rows, Diffusion diffusion) {
-    Palette palette = reducedPalette(coarseHistogram(rows));
+IndexedPicture mapTo(Palette palette, PixelRows& rows, Diffusion diffusion) {
     return diffusion == Diffusion::Off ? mapByNearest(rows, std::move(palette))
                                        : mapWithDiffusion(rows, std::move(palette));
+}
+
+IndexedPicture reduceFewColours(PixelRows& rows, const ColourHistogram& colours, Diffusion diffusion) {
+    Palette palette = reducedPalette(colours);
+    const bool isInvisible = greatestError(colours, palette) <= InvisibleError;
+    return mapTo(std::move(palette), rows, isInvisible ? Diffusion::Off : diffusion);
+}
+
+ColourCounts countColours(PixelRows& rows) {
+    ColourCounts counts;
+    forEachRow(rows, [&](int, const QRgb* row) { counts.add(row, rows.size().width()); });
+    return counts;
 }
 
 } // namespace
 
 IndexedPicture reduceTo256(PixelRows& rows, Diffusion diffusion) {
-    ColourTable colours(MaxDistinctColours);
-    const int width = rows.size().width();
-    if (!forEachRow(rows, [&](int, const QRgb* row) { return colours.count(row, width); }))
-        return reduceManyColours(rows, diffusion);
+    const ColourCounts counts = countColours(rows);
+    if (counts.size() > MaxBins)
+        return mapTo(reducedPalette(coarseHistogram(counts)), rows, diffusion);
+    const ColourHistogram colours = counts.histogram(1);
     if (colours.size() > MaxColours)
         return reduceFewColours(rows, colours, diffusion);
-    Palette palette = exactPalette(colours);
-    return mapByColour(rows, colours, std::move(palette));
+    return mapExactly(rows, colours);
 }
 
 } // namespace ovrano

@@ -48,6 +48,20 @@ PaletteTable::PaletteTable(const Palette& palette)
         m_indices.insert(m_indices.end(), BlockSize, static_cast<std::uint8_t>(index));
 }
 
+void PaletteTable::map(const QRgb* row, int width, std::uint8_t* indices) {
+    // Of runs of a colour, as drawings have them, only the first pixel is looked up.
+    QRgb last = ~row[0];
+    std::uint8_t index = 0;
+    for (int x = 0; x < width; ++x) {
+        const QRgb pixel = row[x];
+        if (pixel != last) {
+            last = pixel;
+            index = (*this)(pixel);
+        }
+        indices[x] = index;
+    }
+}
+
 std::uint32_t PaletteTable::blockOf(int red, int green, int blue) {
     const auto& candidates = m_nearest.candidatesIn({float(red), float(green), float(blue)}, 3);
     if (candidates.size() == 1)

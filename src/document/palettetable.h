@@ -20,14 +20,15 @@ public:
     /// The palette must outlive the object.
     explicit PaletteTable(const Palette& palette);
 
-    /// Channels from 0 to 255.
-    std::uint8_t operator()(int red, int green, int blue) {
-        const auto cube = static_cast<std::size_t>((red & 0xFC) << 10 | (green & 0xFC) << 4 | blue >> 2);
-        if (m_blocks[cube] == Unknown)
-            m_blocks[cube] = blockOf(red & 0xFC, green & 0xFC, blue & 0xFC);
-        return m_indices[m_blocks[cube] +
-                         static_cast<std::size_t>((red & 3) << 4 | (green & 3) << 2 | (blue & 3))];
+    std::uint8_t operator()(QRgb colour) {
+        std::uint32_t& block = m_blocks[cubeOf(colour)];
+        if (block == Unknown)
+            block = blockOf(qRed(colour) & 0xFC, qGreen(colour) & 0xFC, qBlue(colour) & 0xFC);
+        return m_indices[block + placeInCube(colour)];
     }
+
+    /// Maps a row of pixels.
+    void map(const QRgb* row, int width, std::uint8_t* indices);
 
 private:
     static constexpr std::uint32_t Unknown = 0xFFFFFFFF;

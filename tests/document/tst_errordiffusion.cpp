@@ -13,6 +13,8 @@ class ErrorDiffusionTest : public QObject {
 private Q_SLOTS:
     void sameAsTheSlowWay_data();
     void sameAsTheSlowWay();
+    void twoRowsAtOnceAreTheSame_data();
+    void twoRowsAtOnceAreTheSame();
     void areaHasTheRightColourOnTheAverage_data();
     void areaHasTheRightColourOnTheAverage();
     void nearlyRightAreaStaysClean();
@@ -32,6 +34,17 @@ IndexedPicture diffused(const QImage& image, const Palette& palette) {
     ErrorDiffusion diffusion(picture.palette, image.width());
     for (int y = 0; y < image.height(); ++y)
         diffusion.map(rows.row(y), picture.row(y));
+    return picture;
+}
+
+/// The same, two rows at once. The height must be even.
+IndexedPicture diffusedInPairs(const QImage& image, const Palette& palette) {
+    IndexedPicture picture{image.size(), palette, {}};
+    picture.indices.resize(pixelsOf(image));
+    ImageRows rows(image);
+    ErrorDiffusion diffusion(picture.palette, image.width());
+    for (int y = 0; y < image.height(); y += 2)
+        diffusion.map(rows.row(y), rows.row(y + 1), picture.row(y), picture.row(y + 1));
     return picture;
 }
 
@@ -104,6 +117,18 @@ void ErrorDiffusionTest::sameAsTheSlowWay() {
     QFETCH(QSize, size);
     const QImage image = photo(size, 60);
     QCOMPARE(toImage(diffused(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
+}
+
+void ErrorDiffusionTest::twoRowsAtOnceAreTheSame_data() {
+    QTest::addColumn<int>("width");
+    for (const int width : {1, 2, 3, 4, 31, 120})
+        QTest::addRow("%d", width) << width;
+}
+
+void ErrorDiffusionTest::twoRowsAtOnceAreTheSame() {
+    QFETCH(int, width);
+    const QImage image = photo(QSize(width, 40), 60);
+    QCOMPARE(toImage(diffusedInPairs(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
 }
 
 void ErrorDiffusionTest::areaHasTheRightColourOnTheAverage_data() {

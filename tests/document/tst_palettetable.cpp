@@ -11,6 +11,7 @@ class PaletteTableTest : public QObject {
 private Q_SLOTS:
     void findsTheNearest_data();
     void findsTheNearest();
+    void mapsRows();
     void nearestOfPointsBetweenTheColours();
 };
 
@@ -54,8 +55,9 @@ void PaletteTableTest::findsTheNearest() {
     QFETCH(Palette, palette);
     PaletteTable table(palette);
     const auto compare = [&](int red, int green, int blue) {
-        const int found = table(red, green, blue);
-        if (found != slowNearest(palette, qRgb(red, green, blue)))
+        const QRgb colour = qRgb(red, green, blue);
+        const int found = table(colour);
+        if (found != slowNearest(palette, colour))
             QFAIL(qPrintable(QString("%1 for %2 %3 %4").arg(found).arg(red).arg(green).arg(blue)));
     };
     for (int red = 0; red < 256; red += 15)
@@ -67,6 +69,18 @@ void PaletteTableTest::findsTheNearest() {
             compare(qBound(0, qRed(colour) - 3 + offset / 49, 255),
                     qBound(0, qGreen(colour) - 3 + offset / 7 % 7, 255),
                     qBound(0, qBlue(colour) - 3 + offset % 7, 255));
+}
+
+void PaletteTableTest::mapsRows() {
+    const Palette palette = randomPalette(40, 0, 255);
+    PaletteTable table(palette);
+    const QImage image = photo(QSize(150, 3), 3); // with runs of a colour
+    std::vector<std::uint8_t> indices(150);
+    for (int y = 0; y < 3; ++y) {
+        table.map(reinterpret_cast<const QRgb*>(image.constScanLine(y)), 150, indices.data());
+        for (int x = 0; x < 150; ++x)
+            QCOMPARE(int{indices[static_cast<std::size_t>(x)]}, slowNearest(palette, image.pixel(x, y)));
+    }
 }
 
 void PaletteTableTest::nearestOfPointsBetweenTheColours() {

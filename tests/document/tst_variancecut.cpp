@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <map>
 
 using namespace ovrano;
 
@@ -20,7 +21,10 @@ private Q_SLOTS:
     void unusedColourStays();
     void flatColourIsKept_data();
     void flatColourIsKept();
-    void coarseBinsHaveExactMeans();
+    void countsLikeAMap_data();
+    void countsLikeAMap();
+    void binsHaveExactMeans_data();
+    void binsHaveExactMeans();
 };
 
 namespace {
@@ -130,16 +134,67 @@ void VarianceCutTest::flatColourIsKept() {
     QCOMPARE(palette[0][0], red);
 }
 
-void VarianceCutTest::coarseBinsHaveExactMeans() {
-    // Both of the first two lie in one bin, the third is its neighbour in blue.
-    const QRgb colours[] = {qRgb(4, 255, 128), qRgb(7, 254, 131), qRgb(7, 255, 132)};
-    ImageRows rows(painted(QSize(6, 4), [&](int x, int) { return colours[x % 3]; }));
-    const ColourHistogram histogram = coarseHistogram(rows);
-    QCOMPARE(histogram.size(), std::size_t{2});
-    QVERIFY(histogram[0].mean == ColourPoint({5.5F, 254.5F, 129.5F}));
-    QCOMPARE(histogram[0].pixels, 16.0F);
-    QVERIFY(histogram[1].mean == ColourPoint({7, 255, 132}));
-    QCOMPARE(histogram[1].pixels, 8.0F);
+void VarianceCutTest::countsLikeAMap_data() {
+    QTest::addColumn<int>("colours");
+    QTest::addColumn<int>("run"); // pixels of a colour in a row
+    for (const int colours : {1, 2, 3, 100, 4096})
+        for (const int run : {1, 2, 7})
+            QTest::addRow("%d in runs of %d", colours, run) << colours << run;
+}
+
+void VarianceCutTest::countsLikeAMap() {
+    QFETCH(int, colours);
+    QFETCH(int, run);
+    ColourCounts counts;
+    std::map<ColourPoint, float> expected;
+    std::vector<QRgb> row(997);
+    for (int y = 0; y < 40; ++y) {
+        for (int x = 0; x < 997; ++x) {
+            row[static_cast<std::size_t>(x)] = distinctColour((y * 997 + x) / run % colours);
+            ++expected[toPoint(row[static_cast<std::size_t>(x)])];
+        }
+        counts.add(row.data(), 997);
+    }
+    std::map<ColourPoint, float> found;
+    for (const ColourBin& bin : counts.histogram(1))
+        found[bin.mean] += bin.pixels;
+    QVERIFY(found == expected);
+    QCOMPARE(counts.size(), expected.size());
+}
+
+void VarianceCutTest::binsHaveExactMeans_data() {
+    QTest::addColumn<int>("side");
+    QTest::addColumn<ColourHistogram>("expected");
+    QTest::newRow("4 x 4 x 4") << 4 << ColourHistogram{{{5.25F, 254, 129.75F}, 16}, {{7, 255, 132}, 4}};
+    QTest::newRow("2 x 2 x 2") << 2
+                               << ColourHistogram{{{4.5F, 254.5F, 128.5F}, 8},
+                                                  {{5, 253, 131}, 4},
+                                                  {{7, 254, 131}, 4},
+                                                  {{7, 255, 132}, 4}};
+    QTest::newRow("single colours") << 1
+                                    << ColourHistogram{{{4, 255, 128}, 4},
+                                                       {{5, 253, 131}, 4},
+                                                       {{5, 254, 129}, 4},
+                                                       {{7, 254, 131}, 4},
+                                                       {{7, 255, 132}, 4}};
+}
+
+void VarianceCutTest::binsHaveExactMeans() {
+    QFETCH(int, side);
+    QFETCH(ColourHistogram, expected);
+    const QRgb row[] = {qRgb(4, 255, 128), qRgb(5, 254, 129), qRgb(5, 253, 131), qRgb(7, 254, 131),
+                        qRgb(7, 255, 132)};
+    ColourCounts counts;
+    for (int y = 0; y < 4; ++y)
+        counts.add(row, 5);
+    ColourHistogram histogram = counts.histogram(side);
+    std::sort(histogram.begin(), histogram.end(),
+              [](const ColourBin& a, const ColourBin& b) { return a.mean < b.mean; });
+    QCOMPARE(histogram.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        QVERIFY(histogram[i].mean == expected[i].mean);
+        QCOMPARE(histogram[i].pixels, expected[i].pixels);
+    }
 }
 
 QTEST_GUILESS_MAIN(VarianceCutTest)
