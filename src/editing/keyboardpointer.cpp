@@ -13,6 +13,8 @@ namespace ovrano {
 namespace {
 
 QPoint clamped(QPoint point, const QRect& into) {
+    if (into.isEmpty())
+        return {0, 0};
     return {std::clamp(point.x(), into.left(), into.right()),
             std::clamp(point.y(), into.top(), into.bottom())};
 }
@@ -56,9 +58,10 @@ bool KeyboardPointer::obey(const QKeyEvent& press) {
 }
 
 QPoint KeyboardPointer::pointed() const {
-    if (m_pressed || QCursor::pos() == m_left)
-        return m_at;
     const QWidget& picture = *m_view.picDisp;
+    const bool stillThere = QCursor::pos() == m_left && picture.mapToGlobal(m_at) == m_aimed;
+    if (m_pressed || (stillThere && picture.rect().contains(m_at)))
+        return m_at;
     const QRect visible = picture.visibleRegion().boundingRect();
     if (visible.isEmpty())
         return QPoint(0, 0);
@@ -73,7 +76,8 @@ void KeyboardPointer::move(QPoint by) {
         m_at = clamped(m_at, picture.rect());
     for (const QPoint corner : {m_at, m_at + QPoint(1, 1)}) // the whole pixel
         m_view.scrollTowards(corner);
-    QCursor::setPos(picture.mapToGlobal(m_at)); // where the system allows it, the user sees it go
+    m_aimed = picture.mapToGlobal(m_at);
+    QCursor::setPos(m_aimed); // where the system allows it, the user sees it go
     m_left = QCursor::pos();
     picture.pointAt(m_at);
 }
@@ -81,7 +85,7 @@ void KeyboardPointer::move(QPoint by) {
 void KeyboardPointer::pressOrRelease() {
     if (m_pressed)
         return release();
-    m_at = pointed();
+    m_at = clamped(pointed(), m_view.picDisp->rect());
     m_pressed = true;
     m_view.picDisp->pointAt(m_at);
     m_view.picDisp->pressAt(m_at);

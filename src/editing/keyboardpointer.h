@@ -30,9 +30,10 @@ private:
     QPoint pointed() const;
 
     PictureView& m_view;
-    QPoint m_at; // in pixels of the picture; may be beside it
-    std::optional<QPoint>
-        m_left;             // where that left the pointer on the screen; a mouse may have moved it since
+    QPoint m_at;    // in pixels of the picture; may be beside it
+    QPoint m_aimed; // where that was on the screen; the view may have been scrolled since
+    // Where the pointer came to on the screen; a mouse may have moved it since.
+    std::optional<QPoint> m_left;
     bool m_pressed = false; // the space bar has pressed the button
 };
 

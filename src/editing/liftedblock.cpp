@@ -190,24 +190,28 @@ void LiftedBlock::grab(QPoint mouse) {
 }
 
 void LiftedBlock::dragTo(QPoint mouse) {
+    moveTo(GrabDX + float(mouse.x()), GrabDY + float(mouse.y()));
+}
+
+void LiftedBlock::moveBy(QPoint pixels) {
+    // Without touching the grab: a mouse that holds the block goes on from where it holds it.
+    moveTo(CurrX + float(pixels.x()), CurrY + float(pixels.y()));
+}
+
+void LiftedBlock::moveTo(float x, float y) {
     const auto clamp = [](float value, float least, float most) {
         return std::min(std::max(value, least), most); // the upper bound wins where they cross
     };
-    CurrX = clamp(GrabDX + float(mouse.x()), MinLeft, MaxLeft);
+    CurrX = clamp(x, MinLeft, MaxLeft);
     // The top is bounded by the horizontal leeway on purpose: a tall block may be pushed out further than
     // its own leeway says, a wide one less far.
-    CurrY = clamp(GrabDY + float(mouse.y()), MinLeft, MaxTop);
+    CurrY = clamp(y, MinLeft, MaxTop);
     SelX1 = CurrX;
     SelY1 = CurrY;
     // From here on the frame stands one pixel outside the block at the right and below, on purpose.
     SelX2 = float(m_work.picRegion.ScaleWidth()) + SelX1;
     SelY2 = float(m_work.picRegion.ScaleHeight()) + SelY1;
     ComposeRegion();
-}
-
-void LiftedBlock::moveBy(QPoint pixels) {
-    grab(QPoint(0, 0));
-    dragTo(pixels);
 }
 
 void LiftedBlock::drop() {

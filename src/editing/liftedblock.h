@@ -90,6 +90,8 @@ private:
         QRegion touched() const { return QRegion(before) + now; }
     };
 
+    /// Moves the block's corner, as far as the leeway goes.
+    void moveTo(float x, float y);
     /// Puts the background back and draws the block.
     void compose(Raster& image, const Places& places, EventYield* yield = nullptr) const;
     void composeBeside(const Places& places);
