@@ -13,8 +13,6 @@ namespace ovrano {
 namespace {
 
 QPoint clamped(QPoint point, const QRect& into) {
-    if (into.isEmpty())
-        return {0, 0};
     return {std::clamp(point.x(), into.left(), into.right()),
             std::clamp(point.y(), into.top(), into.bottom())};
 }
@@ -46,7 +44,8 @@ bool KeyboardPointer::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool KeyboardPointer::obey(const QKeyEvent& press) {
-    if (QGuiApplication::mouseButtons() != Qt::NoButton || EventYield::isUnderWay())
+    const bool nothingToPointAt = m_view.picDisp->rect().isEmpty();
+    if (nothingToPointAt || QGuiApplication::mouseButtons() != Qt::NoButton || EventYield::isUnderWay())
         return false;
     const QPoint by = arrowStep(press);
     const bool isButton = press.key() == Qt::Key_Space && !press.isAutoRepeat();

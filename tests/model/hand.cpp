@@ -136,6 +136,8 @@ void Hand::pick(int x, int y) {
 void Hand::arrow(int x, int y) {
     if (isLifted())
         return moveBlock(x, y);
+    if (s.disp.shown.isEmpty())
+        return;
     findPointer();
     s.keyX += x;
     s.keyY += y;
@@ -187,6 +189,8 @@ void Hand::findPointer() {
 void Hand::space() {
     if (s.keyPressed)
         return leave();
+    if (s.disp.shown.isEmpty())
+        return;
     findPointer();
     s.keyPressed = true;
     move(s.keyX, s.keyY);
