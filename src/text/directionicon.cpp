@@ -32,8 +32,8 @@ QPixmap drawn(const std::vector<TextLayer>& layers, Colour ground, int devicePix
     pixmap.fill(asQColor(ground));
     QPainter painter(&pixmap);
     const QRect extent = extentOf(layers);
-    painter.translate((DirectionIconSide - extent.width()) / 2 - extent.left(),
-                      (DirectionIconSide - extent.height()) / 2 - extent.top());
+    const QPoint margin((DirectionIconSide - extent.width()) / 2, (DirectionIconSide - extent.height()) / 2);
+    painter.translate(margin - extent.topLeft());
     for (const TextLayer& layer : layers) {
         const QPoint corner(layer.x / TwipsPerPixelX, layer.y / TwipsPerPixelY);
         painter.fillRect(QRect(corner, QSize(FaceSide, FaceSide)),
