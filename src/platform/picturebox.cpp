@@ -74,9 +74,8 @@ void PictureBox::setPointer(MousePointer pointer) {
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     for (const QRect& area : event->region())
-        m_surface.Image().readTiles(area, [&](const QImage& tile, const QRect& place) {
-            const QPoint inTile(place.left() % Raster::TileSide, place.top() % Raster::TileSide);
-            painter.drawImage(place.topLeft(), tile, QRect(inTile, place.size()));
+        m_surface.readShown(area, [&](const QImage& pixels, const QRect& part, QPoint at) {
+            painter.drawImage(at, pixels, part);
         });
 }
 

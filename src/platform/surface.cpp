@@ -68,6 +68,15 @@ void draw(Raster& raster, const QRect& area, const Pen& pen) {
     });
 }
 
+/// What an area of a raster would be with something drawn over it.
+Raster drawnOver(const Raster& raster, const QRect& area, Pen pen) {
+    Raster strip(area.size(), White);
+    strip.copyFrom(raster, area, QPoint(0, 0));
+    pen.start -= area.topLeft();
+    draw(strip, strip.rect(), pen);
+    return strip;
+}
+
 } // namespace
 
 Surface::Surface(const QString& name, QSize innerSize, QObject* parent)
@@ -117,6 +126,7 @@ void Surface::setPicture(const Raster& picture) {
 }
 
 void Surface::rebuild(QSize size, bool keepDrawn) {
+    settle();
     Raster base = m_picture.size() == size ? m_picture : Raster(size, m_backColor);
     if (m_picture.size() != size)
         base.copyFrom(m_picture, m_picture.rect());
@@ -133,17 +143,30 @@ void Surface::rebuild(QSize size, bool keepDrawn) {
     Q_EMIT changed(m_image.rect());
 }
 
+const Raster& Surface::Image() const {
+    settle();
+    return m_image;
+}
+
+void Surface::settle() const {
+    for (const Strip& strip : m_outline)
+        m_image.copyFrom(strip.pixels, strip.pixels.rect(), strip.corner);
+    m_outline.clear();
+}
+
 void Surface::Cls() {
     m_currentX = m_currentY = 0;
     if (m_drawn.isEmpty())
         return;
     m_image = m_base;
+    m_outline.clear();
     const QRegion area = m_drawn;
     m_drawn = QRegion();
     Q_EMIT changed(area);
 }
 
 void Surface::commit() {
+    settle();
     m_picture = m_image;
     m_base = m_image;
     m_drawn = QRegion();
@@ -162,7 +185,7 @@ QPoint Surface::pixelAt(double x, double y) const {
 
 Colour Surface::Point(double x, double y) const {
     const QPoint at = pixelAt(x, y);
-    return m_image.pixel(at.x(), at.y());
+    return Image().pixel(at.x(), at.y());
 }
 
 void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
@@ -171,16 +194,26 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
     const QRect box(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                     QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
     const Pen pen{box.topLeft(), colour, m_drawMode, m_drawStyle};
+    settle();
+    if (style == BoxStyle::Filled) {
+        draw(m_image, box, pen);
+        drawn(box & m_image.rect());
+        return;
+    }
     QRegion touched;
-    for (const QRect& part : style == BoxStyle::Filled ? std::array<QRect, 4>{box} : outlineOf(box)) {
-        draw(m_image, part, pen);
-        touched += part & m_image.rect();
+    for (const QRect& part : outlineOf(box)) {
+        const QRect inside = part & m_image.rect();
+        if (inside.isEmpty())
+            continue;
+        m_outline += {inside.topLeft(), drawnOver(m_image, inside, pen)};
+        touched += inside;
     }
     drawn(touched);
 }
 
 void Surface::Print(const QString& text) {
     const QPoint origin = pixelAt(m_currentX, m_currentY);
+    settle();
     const TextMask& mask = m_textCache.mask(m_font, text, m_image.rect().translated(-origin));
     drawn(mask.paint(m_image, origin, m_foreColor));
     m_currentX = 0;
@@ -199,7 +232,8 @@ void Surface::copyFrom(const Surface& source, const QRect& from, QPoint to) {
     const QRect area = (from & source.m_image.rect()).translated(to - from.topLeft()) & m_image.rect();
     if (area.isEmpty())
         return;
-    m_image.copyFrom(source.m_image, from, to);
+    settle();
+    m_image.copyFrom(source.Image(), from, to);
     drawn(area);
 }
 

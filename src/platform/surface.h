@@ -5,6 +5,7 @@
 #include "platform/textmask.h"
 
 #include <QFont>
+#include <QList>
 #include <QObject>
 #include <QRegion>
 #include <QScopeGuard>
@@ -29,6 +30,10 @@ enum class BoxStyle { Outline, Filled };
 /// and raster copies change Image only; Cls() makes Image what it started as, commit() makes Picture what
 /// Image is. A larger surface shows in its new area what Cls() would show there; a smaller one cuts; what
 /// is drawn in the part that stays survives.
+///
+/// An outline that is drawn alone is kept beside Image, as the pixels that it changes, until somebody reads
+/// Image or draws more: the frame of a block is drawn and cleared at every step of a drag, and drawn into
+/// the raster its four lines would copy all tiles that they touch.
 ///
 /// Width and Height are outer sizes and include the border, ScaleWidth and ScaleHeight are the inner ones,
 /// in the units of the scale mode. Coordinates are rounded to pixels with halves to even in the pixel
@@ -61,7 +66,7 @@ public:
     const Raster& Picture() const { return m_picture; }
     /// An empty raster empties the surface: it shows the background colour.
     void setPicture(const Raster& picture);
-    const Raster& Image() const { return m_image; }
+    const Raster& Image() const;
     void Cls();
     /// Picture becomes Image.
     void commit();
@@ -101,6 +106,14 @@ public:
     double TextHeight(const QString& text) const;
 
     // Whole-pixel access for the pixel algorithms of the upper rooms, which need no scale.
+    /// Calls visit(const QImage& pixels, QRect part, QPoint at) for all that has to be painted, in this
+    /// order, to show an area of Image: `part` of the pixels belongs at `at`.
+    template<typename Visit>
+    void readShown(const QRect& area, Visit&& visit) const {
+        readStrip({QPoint(0, 0), m_image}, area, visit);
+        for (const Strip& strip : m_outline)
+            readStrip(strip, area, visit);
+    }
     /// Copies a part of another surface's Image to here (both in pixels), clipped.
     void copyFrom(const Surface& source, const QRect& from, QPoint to);
     /// Lets a function change the pixels of Image inside an area: edit(Raster&, QRect clippedArea).
@@ -109,6 +122,7 @@ public:
         const QRect inside = area & m_image.rect();
         if (inside.isEmpty())
             return;
+        settle();
         edit(m_image, inside);
         drawn(inside);
     }
@@ -117,6 +131,7 @@ public:
     /// after, it would be copied, because Picture keeps it until then.
     template<typename Edit>
     void editCommitted(const QRegion& area, Edit&& edit) {
+        settle();
         m_picture = m_base = Raster();
         const auto committed = qScopeGuard([&] {
             commit();
@@ -132,16 +147,33 @@ Q_SIGNALS:
     void refreshed();
 
 private:
+    /// Pixels whose upper-left one lies at `corner`.
+    struct Strip {
+        QPoint corner;
+        Raster pixels;
+    };
+
+    template<typename Visit>
+    static void readStrip(const Strip& strip, const QRect& area, Visit&& visit) {
+        strip.pixels.readTiles(area.translated(-strip.corner), [&](const QImage& tile, const QRect& place) {
+            const QPoint inTile(place.left() % Raster::TileSide, place.top() % Raster::TileSide);
+            visit(tile, QRect(inTile, place.size()), place.topLeft() + strip.corner);
+        });
+    }
+
     QPoint pixelAt(double x, double y) const;
+    void settle() const;
     void drawn(const QRegion& area);
     void rebuild(QSize size, bool keepDrawn);
 
     int m_border = 0;
     bool m_autoSize = false;
     Raster m_picture;
-    Raster m_base;   // what Image starts as: the background with Picture laid over it
-    Raster m_image;  // what is shown
-    QRegion m_drawn; // where Image may differ from its start
+    Raster m_base; // what Image starts as: the background with Picture laid over it
+    // Image is the two together; reading it brings the outline into the raster.
+    mutable Raster m_image;
+    mutable QList<Strip> m_outline; // pixels that lie over m_image, none over another
+    QRegion m_drawn;                // where Image may differ from its start
     Colour m_backColor = White;
     Colour m_foreColor = Black;
     QFont m_font;

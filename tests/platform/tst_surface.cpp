@@ -5,6 +5,10 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include <functional>
+
+Q_DECLARE_METATYPE(std::function<void(ovrano::Surface&)>)
+
 using namespace ovrano;
 
 namespace {
@@ -33,6 +37,27 @@ Raster slowDottedFrame(const Raster& before, QPoint a, QPoint b) {
     return after;
 }
 
+Raster noise(QSize size) {
+    QImage noise(size, QImage::Format_RGB32);
+    for (int y = 0; y < noise.height(); ++y)
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, qRgb((x * 8) & 255, (y * 10) & 255, (x * y) & 255));
+    return Raster::fromImage(noise);
+}
+
+/// What a painter makes of an area of a surface.
+Raster shown(const Surface& surface, const QRect& area) {
+    Raster painted(area.size(), rgb(1, 2, 3));
+    surface.readShown(area, [&](const QImage& pixels, const QRect& part, QPoint at) {
+        painted.copyFrom(Raster::fromImage(pixels), part, at - area.topLeft());
+    });
+    return painted;
+}
+
+Raster partOf(const Raster& raster, const QRect& area) {
+    return Raster::fromImage(raster.toImage(area));
+}
+
 } // namespace
 
 class TestSurface : public QObject {
@@ -57,6 +82,9 @@ private Q_SLOTS:
     void filledBoxIncludesBothCorners();
     void dottedFrameTwiceIsGone_data();
     void dottedFrameTwiceIsGone();
+    void outlineIsShownWithoutCopyingTiles();
+    void outlineSurvivesWhatComesAfterIt_data();
+    void outlineSurvivesWhatComesAfterIt();
     void copyFromClips();
     void snapshotSharesMemory();
     void clsTouchesOnlyWhatWasDrawn();
@@ -272,20 +300,98 @@ void TestSurface::dottedFrameTwiceIsGone_data() {
 void TestSurface::dottedFrameTwiceIsGone() {
     QFETCH(QPoint, a);
     QFETCH(QPoint, b);
-    QImage noise(30, 24, QImage::Format_RGB32);
-    for (int y = 0; y < noise.height(); ++y)
-        for (int x = 0; x < noise.width(); ++x)
-            noise.setPixel(x, y, qRgb(x * 8, y * 10, (x * y) & 255));
-    Surface surface(QStringLiteral("s"), noise.size());
-    surface.setPicture(Raster::fromImage(noise));
+    const Raster before = noise(QSize(30, 24));
+    Surface surface(QStringLiteral("s"), before.size());
+    surface.setPicture(before);
     surface.setDrawMode(DrawMode::Invert);
     surface.setDrawStyle(DrawStyle::Dotted);
     surface.Line(a, b, Black, BoxStyle::Outline);
     QCOMPARE(surface.Image(), slowDottedFrame(surface.Picture(), a, b));
-    if (noise.rect().contains(a))
+    if (before.rect().contains(a))
         QVERIFY(!(surface.Image() == surface.Picture()));
     surface.Line(a, b, Black, BoxStyle::Outline);
     QCOMPARE(surface.Image(), surface.Picture());
+}
+
+void TestSurface::outlineIsShownWithoutCopyingTiles() {
+    const QRect all(0, 0, 600, 520); // three tiles by three, the last ones cut
+    const QPoint a(200, -5), b(570, 300);
+    Surface surface(QStringLiteral("s"), all.size());
+    surface.setPicture(noise(all.size()));
+    surface.setDrawMode(DrawMode::Invert);
+    surface.setDrawStyle(DrawStyle::Dotted);
+    surface.Line(a, b, Black, BoxStyle::Outline);
+
+    int same = 0; // tiles that are read where Picture has them
+    surface.readShown(all, [&](const QImage& pixels, const QRect&, QPoint at) {
+        surface.Picture().readTiles(QRect(at, QSize(1, 1)), [&](const QImage& tile, const QRect&) {
+            same += tile.constBits() == pixels.constBits() ? 1 : 0;
+        });
+    });
+    QCOMPARE(same, 9);
+    const Raster wanted = slowDottedFrame(surface.Picture(), a, b);
+    for (const QRect& area : {all, QRect(190, 0, 30, 40), QRect(560, 290, 40, 40), QRect(300, 100, 9, 9)})
+        QCOMPARE(shown(surface, area), partOf(wanted, area));
+    QCOMPARE(surface.Image(), wanted);
+    QCOMPARE(shown(surface, all), wanted);
+    surface.Cls();
+    QCOMPARE(shown(surface, all), surface.Picture());
+}
+
+void TestSurface::outlineSurvivesWhatComesAfterIt_data() {
+    using Change = std::function<void(Surface&)>;
+    QTest::addColumn<Change>("change");
+    QTest::newRow("committing") << Change([](Surface& s) { s.commit(); });
+    QTest::newRow("reading a pixel") << Change(
+        [](Surface& s) { QVERIFY(s.Point(4, 3) != s.Picture().pixel(4, 3)); });
+    QTest::newRow("a filled box") << Change(
+        [](Surface& s) { s.Line(QPointF(5, 3), QPointF(9, 9), Red, BoxStyle::Filled); });
+    QTest::newRow("another outline") << Change(
+        [](Surface& s) { s.Line(QPointF(3, 3), QPointF(9, 20), Red, BoxStyle::Outline); });
+    QTest::newRow("text") << Change([](Surface& s) { s.Print(QStringLiteral("HH")); });
+    QTest::newRow("a copy onto itself")
+        << Change([](Surface& s) { s.copyFrom(s, QRect(2, 2, 8, 4), QPoint(12, 8)); });
+    QTest::newRow("an edit") << Change([](Surface& s) {
+        s.editImage(QRect(4, 3, 1, 1), [](Raster& image, const QRect&) { image.setPixel(4, 3, Blue); });
+    });
+    QTest::newRow("a committed edit") << Change([](Surface& s) {
+        s.editCommitted(QRect(4, 3, 1, 1), [](Raster& image) { image.setPixel(4, 3, Blue); });
+    });
+    QTest::newRow("a copy over it") << Change([](Surface& s) {
+        const Surface white(QStringLiteral("w"), QSize(9, 9));
+        s.copyFrom(white, QRect(0, 0, 9, 9), QPoint(0, 0));
+    });
+    QTest::newRow("another picture") << Change([](Surface& s) { s.setPicture(noise(QSize(30, 30))); });
+    QTest::newRow("another background") << Change([](Surface& s) { s.setBackColor(Red); });
+    QTest::newRow("another size") << Change([](Surface& s) { s.setInnerSize(QSize(40, 12)); });
+    QTest::newRow("copied elsewhere") << Change([](Surface& s) {
+        Surface other(QStringLiteral("o"), s.innerSize());
+        other.copyFrom(s, QRect(QPoint(0, 0), s.innerSize()), QPoint(0, 0));
+        s.Cls();
+        s.copyFrom(other, QRect(QPoint(0, 0), s.innerSize()), QPoint(0, 0));
+    });
+}
+
+void TestSurface::outlineSurvivesWhatComesAfterIt() {
+    QFETCH(std::function<void(Surface&)>, change);
+    Surface late(QStringLiteral("late"), QSize(30, 24));
+    late.setPicture(noise(late.innerSize()));
+    Surface atOnce(QStringLiteral("at once"), late.innerSize());
+    atOnce.setPicture(late.Picture());
+    for (Surface* surface : {&late, &atOnce}) {
+        surface->setDrawMode(DrawMode::Invert);
+        surface->Line(QPointF(4, 3), QPointF(20, 18), Black, BoxStyle::Outline);
+        surface->setDrawMode(DrawMode::CopyPen);
+        if (surface == &atOnce)
+            QVERIFY(!(surface->Image() == surface->Picture())); // reading it draws the outline into it
+        change(*surface);
+    }
+    QCOMPARE(shown(late, late.Image().rect()), atOnce.Image());
+    QCOMPARE(late.Image(), atOnce.Image());
+    QCOMPARE(late.Picture(), atOnce.Picture());
+    late.Cls();
+    atOnce.Cls();
+    QCOMPARE(late.Image(), atOnce.Image());
 }
 
 void TestSurface::copyFromClips() {
