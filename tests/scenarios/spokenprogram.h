@@ -1,7 +1,7 @@
 #pragma once
 
 #include "scenarios/accessibilitybus.h"
-#include "scenarios/blindkeys.h"
+#include "support/blindinput.h"
 
 #include <QProcess>
 
@@ -19,7 +19,7 @@ public:
     Q_DISABLE_COPY_MOVE(SpokenProgram)
     ~SpokenProgram();
 
-    BlindKeys keys;
+    BlindInput keys;
 
     AccessibilityBus& bus() { return *m_bus; }
 

@@ -227,17 +227,7 @@ void X11Input::clickUnseen() {
 }
 
 void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifiers, const QString& what) {
-    if (stroke.shift)
-        modifiers |= Qt::ShiftModifier;
-    std::vector<xcb_keycode_t> codes;
-    const std::array<std::pair<Qt::KeyboardModifier, Qt::Key>, 3> held = {
-        {{Qt::ControlModifier, Qt::Key_Control},
-         {Qt::AltModifier, Qt::Key_Alt},
-         {Qt::ShiftModifier, Qt::Key_Shift}}};
-    for (const auto& [modifier, key] : held)
-        if (modifiers.testFlag(modifier))
-            codes.push_back(m_keyboard.forKey(key).code);
-    codes.push_back(stroke.code);
+    const std::vector<xcb_keycode_t> codes = m_keyboard.chord(stroke, modifiers);
     std::vector<Event> events;
     for (const xcb_keycode_t code : codes)
         events.push_back({Input::KeyPress, code});

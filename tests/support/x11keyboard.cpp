@@ -92,6 +92,21 @@ X11Keyboard::Stroke X11Keyboard::forKey(Qt::Key key) {
     return find(QChar::toLower(static_cast<char32_t>(key)));
 }
 
+std::vector<xcb_keycode_t> X11Keyboard::chord(Stroke stroke, Qt::KeyboardModifiers modifiers) {
+    if (stroke.shift)
+        modifiers |= Qt::ShiftModifier;
+    constexpr std::array<std::pair<Qt::KeyboardModifier, Qt::Key>, 3> held = {
+        {{Qt::ControlModifier, Qt::Key_Control},
+         {Qt::AltModifier, Qt::Key_Alt},
+         {Qt::ShiftModifier, Qt::Key_Shift}}};
+    std::vector<xcb_keycode_t> codes;
+    for (const auto& [modifier, key] : held)
+        if (modifiers.testFlag(modifier))
+            codes.push_back(forKey(key).code);
+    codes.push_back(stroke.code);
+    return codes;
+}
+
 X11Keyboard::Stroke X11Keyboard::find(xcb_keysym_t symbol) {
     const auto found = m_strokes.find(symbol);
     return found != m_strokes.end() ? found->second : bindSpare(symbol);

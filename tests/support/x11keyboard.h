@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <map>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace ovrano::testing {
@@ -28,6 +29,9 @@ public:
     /// The key for a named key or a letter, without its modifiers. Throws InputError for one that has no
     /// name here.
     Stroke forKey(Qt::Key key);
+
+    /// The keys to hold one after the other for a stroke with modifiers: Control, Alt, Shift, the key.
+    std::vector<xcb_keycode_t> chord(Stroke stroke, Qt::KeyboardModifiers modifiers);
 
 private:
     Stroke find(xcb_keysym_t symbol);
