@@ -9,7 +9,7 @@ fail() {
 }
 
 # Names of all C++ sources, each ended by a NUL.
-sources() { find src tests bench -name '*.cpp' -print0 -o -name '*.h' -print0; }
+sources() { find src tests bench fuzz -name '*.cpp' -print0 -o -name '*.h' -print0; }
 
 # The packages of some groups of scripts/packages, one on each line.
 packages_of() {

@@ -1,6 +1,10 @@
 #include "document/bmpheader.h"
 
+#include "platform/raster.h"
+
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace ovrano::bmp {
 
@@ -62,7 +66,10 @@ std::optional<QSize> announcedSize(const QByteArray& header) {
         get<quint16>(header, AtBitsPerPixel) != BitsPerPixel || get<quint32>(header, AtCompression) != 0)
         return std::nullopt;
     const QSize size(get<qint32>(header, AtWidth), get<qint32>(header, AtHeight));
-    return size.isEmpty() ? std::nullopt : std::optional(size);
+    // A longer side is no picture of this program's, and the file's length could not be reckoned with it.
+    if (size.isEmpty() || std::max(size.width(), size.height()) > Raster::MaxSide)
+        return std::nullopt;
+    return size;
 }
 
 } // namespace ovrano::bmp

@@ -1,5 +1,6 @@
 #include "document/decodedpicture.h"
 
+#include "platform/largememory.h"
 #include "platform/runtimeerror.h"
 #include "platform/vectorised.h"
 
@@ -7,6 +8,7 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace ovrano {
@@ -24,13 +26,6 @@ void inBands(QSize size, EventYield& yield, Work&& work) {
         work(y, std::min(rows, size.height() - y));
         yield();
     }
-}
-
-QImage allocated(QSize size, QImage::Format format) {
-    QImage image(size, format);
-    if (image.isNull())
-        throw RuntimeError(error::OutOfMemory);
-    return image;
 }
 
 /// A view of some rows of an image, which must outlive it.
@@ -51,7 +46,7 @@ OVRANO_VECTORISED void overWhite(QRgb* out, const QRgb* row, int count) {
 QImage opaque(const QImage& image, EventYield& yield) {
     if (image.format() == QImage::Format_RGB32)
         return image;
-    QImage opaque = allocated(image.size(), QImage::Format_RGB32);
+    QImage opaque = bareCanvas(image.size(), QImage::Format_RGB32);
     uchar* bits = opaque.bits();
     const qsizetype stride = opaque.bytesPerLine();
     inBands(image.size(), yield, [&](int first, int rows) {
@@ -97,8 +92,16 @@ Raster upright(const QImage& image, QImageIOHandler::Transformations orientation
 
 } // namespace
 
+QImage bareCanvas(QSize size, QImage::Format format) {
+    QImage image(size, format);
+    if (image.isNull())
+        throw RuntimeError(error::OutOfMemory);
+    willBeWritten(image.bits(), static_cast<std::size_t>(image.sizeInBytes()));
+    return image;
+}
+
 QImage newCanvas(QSize size, QImage::Format format, EventYield& yield) {
-    QImage image = allocated(size, format);
+    QImage image = bareCanvas(size, format);
     uchar* bits = image.bits();
     const qsizetype stride = image.bytesPerLine();
     const uchar white = image.depth() <= 8 ? 0 : 0xFF;

@@ -1,47 +1,15 @@
 #include "document/pictureend.h"
 
+#include "document/bmplayout.h"
 #include "document/bytecursor.h"
-
-#include <QtEndian>
+#include "document/gifframe.h"
 
 namespace ovrano {
 
 namespace {
 
-/// What matters of a BMP file's headers, of any version.
-struct BmpLayout {
-    qint64 pixelOffset = 0;
-    qint64 width = 0;
-    qint64 height = 0;
-    int bitsPerPixel = 0;
-    quint32 compression = 0;
-};
-
-enum BmpCompression : quint32 { Rle8 = 1, Rle4 = 2 };
-
-BmpLayout bmpLayout(QByteArray header) {
-    constexpr qsizetype Needed = 34;
-    constexpr quint32 OldInfoBytes = 12; // the first version of the header, with 16-bit sizes
-    if (header.size() < Needed)
-        header.append(Needed - header.size(), '\0');
-    const char* bytes = header.constData();
-    BmpLayout layout;
-    layout.pixelOffset = qFromLittleEndian<quint32>(bytes + 10);
-    if (qFromLittleEndian<quint32>(bytes + 14) == OldInfoBytes) {
-        layout.width = qFromLittleEndian<quint16>(bytes + 18);
-        layout.height = qFromLittleEndian<quint16>(bytes + 20);
-        layout.bitsPerPixel = qFromLittleEndian<quint16>(bytes + 24);
-        return layout;
-    }
-    layout.width = qFromLittleEndian<qint32>(bytes + 18);
-    layout.height = qAbs(qint64{qFromLittleEndian<qint32>(bytes + 22)}); // negative: stored from the top
-    layout.bitsPerPixel = qFromLittleEndian<quint16>(bytes + 28);
-    layout.compression = qFromLittleEndian<quint32>(bytes + 30);
-    return layout;
-}
-
 /// Follows run-length codes: count and value, or 0 and a command.
-bool runsReachEnd(ByteCursor cursor, const BmpLayout& layout) {
+bool runsReachEnd(ByteCursor cursor, const bmp::Layout& layout) {
     enum Command { EndOfRow = 0, EndOfPicture = 1, Move = 2 };
     qint64 rows = 0;
     for (;;) {
@@ -53,7 +21,7 @@ bool runsReachEnd(ByteCursor cursor, const BmpLayout& layout) {
             continue;
         if (value == EndOfPicture || (value == EndOfRow && ++rows == layout.height))
             return true;
-        const int literalBytes = layout.compression == Rle4 ? (value + 1) / 2 : value;
+        const int literalBytes = layout.compression == bmp::Rle4 ? (value + 1) / 2 : value;
         if (value == Move)
             cursor.skip(2);
         else if (value != EndOfRow)
@@ -62,8 +30,8 @@ bool runsReachEnd(ByteCursor cursor, const BmpLayout& layout) {
 }
 
 bool bmpIsWhole(QIODevice& device) {
-    const BmpLayout layout = bmpLayout(device.peek(64));
-    if (layout.compression == Rle8 || layout.compression == Rle4)
+    const bmp::Layout layout = bmp::layoutOf(device);
+    if (layout.compression == bmp::Rle8 || layout.compression == bmp::Rle4)
         return runsReachEnd(ByteCursor(device, layout.pixelOffset), layout);
     if (layout.width <= 0 || layout.height <= 0 || layout.bitsPerPixel <= 0)
         return false;
@@ -71,21 +39,28 @@ bool bmpIsWhole(QIODevice& device) {
     return (device.size() - layout.pixelOffset) / stride >= layout.height;
 }
 
-/// Blocks of a length byte and so many bytes, up to an empty one.
-bool skipGifBlocks(ByteCursor& cursor) {
-    for (;;) {
-        const int length = cursor.next();
-        if (length <= 0)
-            return length == 0;
-        cursor.skip(length);
-    }
+/// Behind a descriptor's last byte, which tells of a table of colours that follows: whether there is one.
+bool skipGifColours(ByteCursor& cursor, int flags) {
+    constexpr int HasTable = 0x80;
+    if (flags == ByteCursor::End || !(flags & HasTable))
+        return false;
+    cursor.skip(qint64{3} * (2 << (flags & 7)));
+    return true;
 }
 
-/// Behind a descriptor's last byte, which tells of a table of colours that follows.
-void skipGifColours(ByteCursor& cursor, int flags) {
-    constexpr int HasTable = 0x80;
-    if (flags != ByteCursor::End && (flags & HasTable))
-        cursor.skip(qint64{3} * (2 << (flags & 7)));
+/// A number of two bytes, the lower one first.
+int nextNumber(ByteCursor& cursor) {
+    const int low = cursor.next();
+    return low + 256 * cursor.next();
+}
+
+/// Behind the byte that begins a frame: its codes come to all its pixels, which have colours.
+bool gifFrameIsWhole(ByteCursor& cursor, bool hasColours) {
+    cursor.skip(4); // where it lies
+    const qint64 width = nextNumber(cursor);
+    const qint64 height = nextNumber(cursor);
+    const bool hasOwnColours = skipGifColours(cursor, cursor.next());
+    return (hasColours || hasOwnColours) && gifCodesAreWhole(cursor, width * height);
 }
 
 bool gifIsWhole(QIODevice& device) {
@@ -94,15 +69,11 @@ bool gifIsWhole(QIODevice& device) {
     ByteCursor cursor(device, 10); // behind the signature and the size
     const int screenFlags = cursor.next();
     cursor.skip(2);
-    skipGifColours(cursor, screenFlags);
+    const bool hasColours = skipGifColours(cursor, screenFlags);
     for (;;) {
         const int kind = cursor.next();
-        if (kind == Frame) {
-            cursor.skip(8);
-            skipGifColours(cursor, cursor.next());
-            cursor.skip(1); // size of the codes
-            return skipGifBlocks(cursor);
-        }
+        if (kind == Frame)
+            return gifFrameIsWhole(cursor, hasColours);
         if (kind != Extension)
             return false;
         cursor.skip(1); // what it extends

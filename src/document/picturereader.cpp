@@ -1,7 +1,10 @@
 #include "document/picturereader.h"
 
+#include "document/bmplayout.h"
 #include "document/decodedpicture.h"
 #include "document/files.h"
+#include "document/gifframe.h"
+#include "document/maskedbmp.h"
 #include "document/pictureend.h"
 #include "document/yieldingdevice.h"
 #include "platform/runtimeerror.h"
@@ -29,10 +32,15 @@ void requirePlausible(QSize size, qint64 fileBytes) {
         throw RuntimeError(error::InvalidPicture);
 }
 
-/// A BMP file that is stored from the top down announces a negative height.
-QSize announcedSize(const QImageReader& reader) {
+/// What the file's own head says, before anything has been read from the device: the toolkit does not know
+/// all versions of a BMP file, and it takes a GIF's first frame for its size where its decoder will not.
+QSize announcedSize(QIODevice& device, const QImageReader& reader) {
+    if (reader.format() == "bmp")
+        return bmp::layoutOf(device).size();
+    const QSize screen = reader.format() == "gif" ? gifScreenSize(device) : QSize(0, 0);
     const QSize size = reader.size();
-    return QSize(size.width(), qAbs(size.height()));
+    return QSize(screen.width() > 0 ? screen.width() : size.width(),
+                 screen.height() > 0 ? screen.height() : size.height());
 }
 
 /// The format of a device's content; empty when it is none that the program opens.
@@ -41,20 +49,29 @@ QByteArray formatOf(QIODevice& device) {
     return QByteArrayList({"bmp", "gif", "jpeg", "png"}).contains(format) ? format : QByteArray();
 }
 
+/// The JPEG decoder writes all rows, with grey where the data is damaged, or fails; filling half a gigabyte
+/// beforehand would be for nothing.
+QImage canvasFor(const QByteArray& format, QSize size, QImage::Format pixels, EventYield& yield) {
+    return format == "jpeg" ? bareCanvas(size, pixels) : newCanvas(size, pixels, yield);
+}
+
 Raster decode(QIODevice& device) {
     const QByteArray format = formatOf(device);
-    if (format.isEmpty() || !holdsWholePicture(device, format))
-        throw RuntimeError(error::InvalidPicture);
     EventYield yield;
     YieldingDevice yielding(device, yield);
+    if (format.isEmpty() || !holdsWholePicture(yielding, format))
+        throw RuntimeError(error::InvalidPicture);
+    yielding.seek(0);
     QImageReader::setAllocationLimit(0); // 128 MB would refuse an ordinary scan; requirePlausible stands in
     QImageReader reader(&yielding, format);
-    const QSize size = announcedSize(reader);
+    const QSize size = announcedSize(yielding, reader);
     requirePlausible(size, device.size());
+    if (auto masked = format == "bmp" ? bmp::readMasked(yielding, yield) : std::nullopt)
+        return toRaster(std::move(*masked), QImageIOHandler::TransformationNone, yield);
     QImage image; // a format that is not known beforehand is filled by its decoder
     if (reader.imageFormat() != QImage::Format_Invalid)
-        image = newCanvas(size, reader.imageFormat(), yield);
-    if (!reader.read(&image) || image.isNull())
+        image = canvasFor(format, size, reader.imageFormat(), yield);
+    if (!reader.read(&image) || image.size() != size)
         throw RuntimeError(error::InvalidPicture);
     return toRaster(std::move(image), reader.transformation(), yield);
 }
@@ -79,7 +96,7 @@ QSize announcedPictureSize(const QByteArray& content) {
     QBuffer buffer;
     openOn(buffer, content);
     const QByteArray format = formatOf(buffer);
-    return format.isEmpty() ? QSize() : announcedSize(QImageReader(&buffer, format));
+    return format.isEmpty() ? QSize() : announcedSize(buffer, QImageReader(&buffer, format));
 }
 
 Raster LoadPicture(const QString& path) {
