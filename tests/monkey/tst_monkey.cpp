@@ -1,0 +1,48 @@
+#include "monkey/monkey.h"
+#include "support/held.h"
+
+#include <QtTest>
+
+using namespace ovrano;
+
+class TestMonkey : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void leavesTheProgramAsItShouldBe();
+};
+
+void TestMonkey::leavesTheProgramAsItShouldBe() {
+    constexpr unsigned Seed = 1;
+    constexpr int Acts = 5000;
+    // Milliseconds of processor time, some twenty times what has been seen: more is no slow machine.
+#ifdef OVRANO_SANITIZED
+    constexpr double Longest = 4000;
+#else
+    constexpr double Longest = 1000;
+#endif
+    {
+        // What the toolkit keeps from its first window on is no leak.
+        monkey::Monkey first(Seed);
+        first.play(1500);
+    }
+    const testing::Held before = testing::Held::now();
+    {
+        monkey::Monkey monkey(Seed);
+        monkey.play(Acts);
+        QVERIFY(monkey.programStillWorks());
+        QCOMPARE(monkey.filesLeft(), QStringList());
+        QCOMPARE(monkey.watch().messages(), QStringList());
+        qInfo("%d dialogs, %d acts in the middle of commands, longest %.0f ms (%s)", monkey.dialogsAnswered(),
+              monkey.duringCommands(), monkey.watch().longest(), qPrintable(monkey.watch().longestWas()));
+        QVERIFY(monkey.watch().longest() < Longest);
+        QVERIFY(monkey.dialogsAnswered() > 20);
+        QVERIFY(monkey.duringCommands() > 0);
+    }
+    const testing::Held after = testing::Held::now();
+    QCOMPARE(after.descriptors, before.descriptors);
+    QCOMPARE(after.widgets, before.widgets);
+}
+
+QTEST_MAIN(TestMonkey)
+#include "tst_monkey.moc"
