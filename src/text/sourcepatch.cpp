@@ -1,5 +1,7 @@
 #include "text/sourcepatch.h"
 
+#include "platform/vectorised.h"
+
 #include <algorithm>
 
 namespace ovrano {
@@ -15,7 +17,7 @@ QRgb pixelToSkip(std::optional<Colour> colour) {
 }
 
 /// Copies pixels with those to skip as Nothing; tells whether there were others.
-bool copyRow(const QRgb* in, int count, QRgb skipped, QRgb* out) {
+OVRANO_VECTORISED bool copyRow(const QRgb* in, int count, QRgb skipped, QRgb* out) {
     QRgb seen = SourcePatch::Nothing;
     for (int x = 0; x < count; ++x) {
         const QRgb pixel = in[x] | Opaque;
