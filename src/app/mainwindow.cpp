@@ -6,6 +6,7 @@
 #include "app/textfieldkeys.h"
 #include "app/windowlayout.h"
 #include "platform/clipboard.h"
+#include "platform/errorreporter.h"
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
 #include "platform/yield.h"
@@ -59,8 +60,8 @@ MainWindow::MainWindow(Dialogs& dialogs)
     , m_handover(m_work, m_view)
     , frafont(new StylePanel(m_work, dialogs, m_content))
     , fraRotateAngle(new AnglePanel(m_content))
-    , fra1Color3D(
-          new OneColourPanel(m_work, m_view, m_block, m_pointer, *frafont, *fraRotateAngle, m_content))
+    , fra1Color3D(new OneColourPanel(m_work, m_view, m_block, m_pointer, *frafont, *fraRotateAngle, dialogs,
+                                     m_content))
     , cmdOneColour(new QPushButton(QStringLiteral("Revenir au texte 3D à une couleur")))
     , fraTextPanel(newTextPanel())
     , lblImageSize(newLabel("lblImageSize", QStringLiteral("L= H=")))
@@ -300,10 +301,13 @@ void MainWindow::showTextFrames(bool shown) {
 }
 
 void MainWindow::showTextDialog(int Index) {
-    if (Index == 1)
-        Txt3D(m_handover, m_wizardMemory, m_dialogs, this).exec();
-    else
-        RotFonts(m_handover, m_wizardMemory, m_dialogs, QCoreApplication::applicationDirPath(), this).exec();
+    trapErrors(m_dialogs, QStringLiteral("mnuTextWrite_Click"), [&] {
+        if (Index == 1)
+            Txt3D(m_handover, m_wizardMemory, m_dialogs, this).exec();
+        else
+            RotFonts(m_handover, m_wizardMemory, m_dialogs, QCoreApplication::applicationDirPath(), this)
+                .exec();
+    });
     m_wizardMemory.Cancelled = 0;
 }
 

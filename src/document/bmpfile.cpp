@@ -1,7 +1,6 @@
 #include "document/bmpfile.h"
 
 #include "document/bmpheader.h"
-#include "document/safefile.h"
 #include "platform/runtimeerror.h"
 #include "platform/vectorised.h"
 #include "platform/yield.h"
@@ -77,9 +76,9 @@ void writeRows(const Raster& picture, SafeFile& file) {
 
 } // namespace
 
-void SavePicture(const Raster& picture, const QString& path) {
+void SavePicture(const Raster& picture, const QString& path, SafeFile::Purpose purpose) {
     requireFits(picture.size());
-    SafeFile file(path);
+    SafeFile file(path, purpose);
     const QByteArray header = bmp::header(picture.size());
     file.write(header.constData(), static_cast<std::size_t>(header.size()));
     writeRows(picture, file);

@@ -23,7 +23,10 @@ QRgb pixelAt(const char* blueGreenRed) {
 BmpRows::BmpRows(const QString& path)
     : m_file(path) {
     openForReading(m_file);
-    const auto announced = bmp::announcedSize(m_file.read(bmp::HeaderBytes));
+    const QByteArray header = m_file.read(bmp::HeaderBytes);
+    if (m_file.error() != QFileDevice::NoError)
+        throw RuntimeError(error::DeviceIo);
+    const auto announced = bmp::announcedSize(header);
     if (!announced || m_file.size() < bmp::fileBytes(*announced))
         throw RuntimeError(error::InvalidPicture);
     m_size = *announced;

@@ -15,7 +15,7 @@ namespace ovrano {
 class BmpRows : public PixelRows {
 public:
     /// Throws RuntimeError 53, 70, 75 or 76 when the file cannot be read, 481 when it is another kind of
-    /// file or shorter than its header says.
+    /// file or shorter than its header says, 57 when the disk fails.
     explicit BmpRows(const QString& path);
 
     QSize size() const override { return m_size; }

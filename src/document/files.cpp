@@ -5,6 +5,7 @@
 #include "platform/runtimeerror.h"
 
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <cerrno>
 
@@ -33,6 +34,25 @@ void requireFolderOf(const std::filesystem::path& path) {
         throw RuntimeError(error::PathNotFound);
 }
 
+/// Reports what the system gave as the reason. That a file is missing may come of its whole folder.
+[[noreturn]] void fail(int code, const std::filesystem::path& path) {
+    if (code == ENOENT)
+        requireFolderOf(path);
+    throw RuntimeError::fromErrno(code);
+}
+
+/// What the system gives a new file: its folder may have rules of its own beside the user's. Nothing when
+/// none can be made there.
+QFile::Permissions permissionsOfNewFile(const QString& path) {
+    QFile probe(hiddenNameBeside(path));
+    if (!probe.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        return {};
+    const QFile::Permissions permissions = probe.permissions();
+    probe.close(); // QFile's own remove() gives up when that fails
+    QFile::remove(probe.fileName());
+    return permissions;
+}
+
 } // namespace
 
 std::filesystem::path nativePath(const QString& path) {
@@ -52,9 +72,7 @@ void openForReading(QFile& file) {
     }
     if (type != file_type::regular)
         throw RuntimeError(error::PathFileAccess);
-    errno = 0;
-    if (!file.open(QIODevice::ReadOnly))
-        throw RuntimeError::fromErrno(errno); // Qt keeps the system's words, the number is still there
+    openOrThrow(file, QIODevice::ReadOnly);
 }
 
 void requireWritable(const QString& path) {
@@ -63,8 +81,14 @@ void requireWritable(const QString& path) {
         requireFolderOf(nativePath(path));
     else if (type != file_type::regular)
         throw RuntimeError(error::PathFileAccess);
-    else if (!QFileInfo(path).isWritable())
-        throw RuntimeError(error::PermissionDenied);
+    else if (errno = 0; !QFileInfo(path).isWritable())
+        fail(errno, nativePath(path));
+}
+
+void openOrThrow(QFile& file, QIODevice::OpenMode mode, QFile::Permissions permissions) {
+    errno = 0; // Qt keeps the system's words of a failure, the number is still there
+    if (!(permissions ? file.open(mode, permissions) : file.open(mode)))
+        fail(errno, nativePath(file.fileName()));
 }
 
 QString behindLinks(const QString& path) {
@@ -72,15 +96,29 @@ QString behindLinks(const QString& path) {
     return file.isEmpty() ? path : file;
 }
 
+QString hiddenNameBeside(const QString& path) {
+    const quint32 number = QRandomGenerator::system()->generate();
+    return QFileInfo(path).path() + QStringLiteral("/.ovrano-%1").arg(number, 8, 16, QLatin1Char('0'));
+}
+
 void renameOver(const QString& from, const QString& to) {
-    const QString target = behindLinks(to);
-    if (FileExists(target)) {
-        syncToDisk(from);
-        QFile::setPermissions(from, QFileInfo(target).permissions());
-    }
     std::error_code code;
-    std::filesystem::rename(nativePath(from), nativePath(target), code);
-    throwOn(code);
+    std::filesystem::rename(nativePath(from), nativePath(to), code);
+    if (code)
+        fail(code.value(), nativePath(to));
+}
+
+void finishOver(const QString& from, const QString& to) {
+    QFile file(from);
+    openOrThrow(file, QIODevice::ReadWrite | QIODevice::ExistingOnly);
+    const bool replaces = FileExists(to);
+    // Some disks know no permissions; the picture matters more.
+    if (const auto wanted = replaces ? QFileInfo(to).permissions() : permissionsOfNewFile(to))
+        file.setPermissions(wanted);
+    if (replaces)
+        syncToDisk(file);
+    file.close();
+    renameOver(from, to);
 }
 
 void deleteFile(const QString& path) {

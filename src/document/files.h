@@ -16,6 +16,10 @@ std::filesystem::path nativePath(const QString& path);
 /// device) or 70 (not allowed).
 void openForReading(QFile& file);
 
+/// Opens a file without looking first what it is. A file that is made gets the permissions, where some are
+/// given. Throws RuntimeError 76 when the folder has gone, otherwise what the system gives as the reason.
+void openOrThrow(QFile& file, QIODevice::OpenMode mode, QFile::Permissions permissions = {});
+
 /// Checks that a file of this name can be written, over an existing one or as a new one. Throws
 /// RuntimeError 76 (no such folder), 75 (there is a folder or a device of that name) or 70 (the file that is
 /// there is write-protected).
@@ -24,11 +28,20 @@ void requireWritable(const QString& path);
 /// The file that a path leads to through links; the path itself where there is none.
 QString behindLinks(const QString& path);
 
-/// Gives a file another name in the same folder, in one step: what had that name before is gone only when the
-/// new file is in its place, and completely on the disk. (The name alone could get there first, and a power
-/// failure in between would cost both. Where nothing is replaced nobody has to wait for the disk.) A link is
-/// followed, and the new file takes the permissions of the one that it replaces.
+/// A hidden name in the folder of a path that nobody can guess. Short, since the name of the file itself may
+/// be as long as the system allows.
+QString hiddenNameBeside(const QString& path);
+
+/// Gives a file another name on the same disk, in one step. What had that name goes, a link too: it is not
+/// followed.
 void renameOver(const QString& from, const QString& to);
+
+/// The same for a file that is finished: what had that name before is gone only when the new file is in its
+/// place, and completely on the disk. (The name alone could get there first, and a power failure in between
+/// would cost both. Where nothing is replaced nobody has to wait for the disk.) The new file takes the
+/// permissions of the one that it replaces, otherwise those that any new file in that folder gets; until then
+/// it may be its owner's alone.
+void finishOver(const QString& from, const QString& to);
 
 void deleteFile(const QString& path);
 

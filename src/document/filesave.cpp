@@ -4,6 +4,7 @@
 #include "document/files.h"
 #include "document/giffile.h"
 #include "document/jpegfile.h"
+#include "document/safefile.h"
 #include "document/setaside.h"
 #include "platform/errorreporter.h"
 #include "platform/numbers.h"
@@ -48,6 +49,13 @@ QString temporaryJpg(const QString& folder) {
 /// The folder of a path, with the separator that is there or the system's own.
 QString folderOf(const QString& path, const QString& title) {
     return AddBackslash(path.chopped(title.size()));
+}
+
+/// A link to the very name of a temporary file would have the result go with that file. Throws
+/// RuntimeError 75.
+void requireApart(const QString& temporary, const QString& target) {
+    if (behindLinks(target) == behindLinks(temporary))
+        throw RuntimeError(error::PathFileAccess);
 }
 
 QString targetOf(const QString& path, int filterIndex) {
@@ -144,9 +152,14 @@ void FileSave::writeJpeg(const QString& folder, int ratio) {
     requireWritable(m_lastPath); // before the work, and before anything is set aside
     const SetAside keptBmp(bmp, m_lastPath);
     const SetAside keptJpg(jpg, m_lastPath);
-    SavePicture(m_work.picDisp.Image(), bmp);
-    ConvertBMPtoJPG(bmp, ratio, -1);
-    renameOver(jpg, m_lastPath); // in one step, so that the old file never goes before the new one is there
+    SavePicture(m_work.picDisp.Image(), bmp, SafeFile::Purpose::Temporary);
+    requireApart(bmp, m_lastPath);
+    const bool inPlace = keptJpg.isTarget(); // "Temp.jpg" itself is to be saved
+    ConvertBMPtoJPG(bmp, ratio, -1, inPlace ? SafeFile::Purpose::Result : SafeFile::Purpose::Temporary);
+    if (!inPlace) {
+        requireApart(jpg, m_lastPath);
+        moveToResult(jpg, m_lastPath);
+    }
     deleteFile(bmp);
 }
 
@@ -154,7 +167,8 @@ void FileSave::writeGif(const QString& folder) {
     const QString bmp = temporaryBmp(folder);
     requireWritable(m_lastPath);
     const SetAside keptBmp(bmp, m_lastPath);
-    SavePicture(m_work.picDisp.Image(), bmp);
+    SavePicture(m_work.picDisp.Image(), bmp, SafeFile::Purpose::Temporary);
+    requireApart(bmp, m_lastPath);
     ConvertBMPtoGIF(bmp, m_lastPath);
     deleteFile(bmp);
 }

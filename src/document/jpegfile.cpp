@@ -17,9 +17,9 @@ QString besideAsJpg(const QString& path) {
 
 } // namespace
 
-void ConvertBMPtoJPG(const QString& bmpPath, int ratio, int /*flag*/) {
+void ConvertBMPtoJPG(const QString& bmpPath, int ratio, int /*flag*/, SafeFile::Purpose purpose) {
     BmpRows rows(bmpPath);
-    SafeFile file(besideAsJpg(bmpPath));
+    SafeFile file(besideAsJpg(bmpPath), purpose);
     JpegEncoder(file).write(rows, ratio);
     file.commit();
 }

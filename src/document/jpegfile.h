@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/safefile.h"
+
 #include <QString>
 
 namespace ovrano {
@@ -13,6 +15,7 @@ namespace ovrano {
 ///
 /// Throws what BmpRows and SafeFile throw, and RuntimeError 380 for a picture larger than the format's
 /// 65500 pixels a side.
-void ConvertBMPtoJPG(const QString& bmpPath, int ratio, int flag);
+void ConvertBMPtoJPG(const QString& bmpPath, int ratio, int flag,
+                     SafeFile::Purpose purpose = SafeFile::Purpose::Result);
 
 } // namespace ovrano

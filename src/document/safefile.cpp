@@ -4,8 +4,8 @@
 #include "platform/runtimeerror.h"
 
 #include <QFileInfo>
-#include <QRandomGenerator>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace ovrano {
@@ -21,19 +21,32 @@ void require(Operation&& operation) {
         throw RuntimeError::fromErrno(errno);
 }
 
-/// Short, since the name of the file itself may be as long as the system allows.
-QString nameBeside(const QString& path) {
-    const quint32 number = QRandomGenerator::system()->generate();
-    return QFileInfo(path).path() + QStringLiteral("/.ovrano-%1").arg(number, 8, 16, QLatin1Char('0'));
+QString folderOf(const QString& path) {
+    return QFileInfo(QFileInfo(path).path()).canonicalFilePath();
 }
+
+void copyAll(QFile& source, SafeFile& copy) {
+    constexpr qint64 ChunkBytes = 262'144;
+    for (qint64 left = source.size(); left > 0;) {
+        const QByteArray chunk = source.read(std::min(left, ChunkBytes));
+        if (chunk.isEmpty())
+            throw RuntimeError(error::DeviceIo);
+        copy.write(chunk.constData(), static_cast<std::size_t>(chunk.size()));
+        left -= chunk.size();
+    }
+}
+
+constexpr QFile::Permissions OwnersAlone = QFile::ReadOwner | QFile::WriteOwner;
 
 } // namespace
 
-SafeFile::SafeFile(const QString& path)
-    : m_path(behindLinks(path))
-    , m_file(nameBeside(m_path)) {
-    requireWritable(m_path);
-    require([this] { return m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly); });
+SafeFile::SafeFile(const QString& path, Purpose purpose)
+    : m_purpose(purpose)
+    , m_path(purpose == Purpose::Result ? behindLinks(path) : path)
+    , m_file(hiddenNameBeside(m_path)) {
+    if (purpose == Purpose::Result)
+        requireWritable(m_path);
+    openOrThrow(m_file, QIODevice::WriteOnly | QIODevice::NewOnly, OwnersAlone);
 }
 
 SafeFile::~SafeFile() {
@@ -57,8 +70,24 @@ void SafeFile::write(const void* bytes, std::size_t count) {
 void SafeFile::commit() {
     require([this] { return m_file.flush(); });
     require([this] { return m_file.close(), m_file.error() == QFileDevice::NoError; });
-    renameOver(m_file.fileName(), m_path);
+    if (m_purpose == Purpose::Result)
+        finishOver(m_file.fileName(), m_path);
+    else
+        renameOver(m_file.fileName(), m_path);
     m_committed = true;
+}
+
+void moveToResult(const QString& temporary, const QString& result) {
+    const QString target = behindLinks(result);
+    if (folderOf(target) == folderOf(temporary))
+        return finishOver(temporary, target);
+    QFile source(temporary);
+    openForReading(source);
+    SafeFile copy(target);
+    copyAll(source, copy);
+    copy.commit();
+    source.close();
+    deleteFile(temporary);
 }
 
 } // namespace ovrano

@@ -8,16 +8,24 @@
 namespace ovrano {
 
 /// A file that takes its name only when it is written completely: until commit() the bytes go to a file
-/// beside it, so that a full disk or a crash leaves what had the name before as it was. Without commit() the
-/// file beside it is removed.
+/// beside it, which only its owner can read, so that a full disk or a crash leaves what had the name before
+/// as it was. Without commit() the file beside it is removed.
 ///
 /// (Qt's own class for this does not tell a full disk from other failures and makes everybody wait for the
-/// disk, also for a temporary file; see renameOver for when that is needed.)
+/// disk, also for a temporary file; see finishOver for when that is needed.)
 class SafeFile {
 public:
+    enum class Purpose {
+        /// What a user chose the name of. A link is followed: the file that it leads to is replaced.
+        Result,
+        /// Nothing that lasts, under a name of the program's choice. It stays its owner's alone, since the
+        /// result may be; a link that somebody put there is replaced, never followed.
+        Temporary,
+    };
+
     /// Throws RuntimeError 76, 75 or 70 as requireWritable does, or what the system gives as the reason that
-    /// no file can be made in the folder. A link is followed: the file that it leads to is replaced.
-    explicit SafeFile(const QString& path);
+    /// no file can be made in the folder.
+    explicit SafeFile(const QString& path, Purpose purpose = Purpose::Result);
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
     ~SafeFile();
@@ -28,9 +36,14 @@ public:
     void commit();
 
 private:
+    const Purpose m_purpose;
     const QString m_path;
     QFile m_file; // the one beside
     bool m_committed = false;
 };
+
+/// Gives a finished temporary file the name of a result, as a SafeFile of that name does when it is
+/// committed. Where a link leads that to another folder, perhaps on another disk, the bytes are copied there.
+void moveToResult(const QString& temporary, const QString& result);
 
 } // namespace ovrano

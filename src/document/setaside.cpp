@@ -1,6 +1,8 @@
 #include "document/setaside.h"
 
 #include "document/files.h"
+#include "platform/freename.h"
+#include "platform/runtimeerror.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -9,10 +11,12 @@ namespace ovrano {
 
 namespace {
 
-/// Whether a name is taken, be it by a link that leads nowhere.
+/// Whether a name is taken, be it by a link that leads nowhere. Throws when the system does not let us look.
 bool isTaken(const QString& path) {
     std::error_code code;
     const auto type = std::filesystem::symlink_status(nativePath(path), code).type();
+    if (type == std::filesystem::file_type::none)
+        throw RuntimeError::fromSystem(code);
     return type != std::filesystem::file_type::not_found;
 }
 
@@ -26,26 +30,32 @@ bool isSameFile(const QString& a, const QString& b) {
     return a == b || (mayBeSameName(a, b) && std::filesystem::equivalent(nativePath(a), nativePath(b), code));
 }
 
-QString freeNameBeside(const QString& path, const QString& target) {
-    const QFileInfo file(path);
+QString numbered(const QFileInfo& file, int number) {
+    return file.dir().filePath(
+        QStringLiteral("%1 (%2).%3").arg(file.completeBaseName(), QString::number(number), file.suffix()));
+}
+
+/// Gives a file a name beside that is free, also a moment after that was looked up.
+QString renameBeside(const QString& path, const QString& target) {
     for (int number = 1;; ++number) {
-        const QString name =
-            QStringLiteral("%1 (%2).%3").arg(file.completeBaseName(), QString::number(number), file.suffix());
-        QString candidate = file.dir().filePath(name);
-        if (!isTaken(candidate) && !mayBeSameName(candidate, target))
+        QString candidate = numbered(QFileInfo(path), number);
+        if (isTaken(candidate) || mayBeSameName(candidate, target))
+            continue;
+        const std::error_code code = renameToFree(nativePath(path), nativePath(candidate));
+        if (!code)
             return candidate;
+        if (code != std::errc::file_exists)
+            throw RuntimeError::fromSystem(code);
     }
 }
 
 } // namespace
 
 SetAside::SetAside(const QString& path, const QString& target)
-    : m_path(path) {
-    if (!isTaken(path) || isSameFile(path, target))
-        return;
-    const QString kept = freeNameBeside(path, target);
-    renameOver(path, kept);
-    m_kept = kept;
+    : m_path(path)
+    , m_isTarget(isSameFile(path, target)) {
+    if (!m_isTarget && isTaken(path))
+        m_kept = renameBeside(path, target);
 }
 
 SetAside::~SetAside() {
@@ -54,7 +64,7 @@ SetAside::~SetAside() {
     // Should one of these fail there is nobody to tell; the user's file then stays under its other name.
     std::error_code code;
     std::filesystem::remove(nativePath(m_path), code);
-    std::filesystem::rename(nativePath(m_kept), nativePath(m_path), code);
+    static_cast<void>(renameToFree(nativePath(m_kept), nativePath(m_path)));
 }
 
 } // namespace ovrano

@@ -19,8 +19,12 @@ public:
     SetAside& operator=(const SetAside&) = delete;
     ~SetAside();
 
+    /// Whether the file is the very one that is to be written in the end.
+    bool isTarget() const { return m_isTarget; }
+
 private:
     QString m_path;
+    bool m_isTarget;
     QString m_kept; // empty: nothing was there
 };
 

@@ -4,6 +4,7 @@
 #include "platform/numbers.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace ovrano {
 
@@ -39,9 +40,11 @@ bool WorkPicture::BitbltPic(const Surface& src, Surface& dst) {
 
 void WorkPicture::TakeUndoSnapshot() {
     picDisp.Refresh();
+    auto unchanged = qScopeGuard([this, before = picUndo.contents()] { picUndo.putBack(before); });
     if (picDisp.innerSize() != picUndo.innerSize())
         emptyToSizeOf(picUndo, picDisp);
     BitbltPic(picDisp, picUndo);
+    unchanged.dismiss();
     UndoAvailable = true;
 }
 

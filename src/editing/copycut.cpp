@@ -2,6 +2,7 @@
 
 #include "platform/clipboard.h"
 #include "platform/errorreporter.h"
+#include "platform/memoryerror.h"
 
 namespace ovrano {
 
@@ -18,8 +19,11 @@ bool CopyCut::requirePicture() {
 }
 
 void CopyCut::mnuEditCopy_Click() {
-    if (!requirePicture())
-        return;
+    if (requirePicture())
+        trapErrors(m_dialogs, QStringLiteral("mnuEditCopy_Click"), [this] { copy(); });
+}
+
+void CopyCut::copy() {
     m_work.picDisp.Cls(); // a frame is only drawn over the picture and is not copied
     if (m_block.HasSelection)
         copyZone();
@@ -30,7 +34,7 @@ void CopyCut::mnuEditCopy_Click() {
 void CopyCut::copyZone() {
     Surface& picAuto = m_work.picAuto;
     picAuto.setAutoSize(false);
-    skipOnError([&] {
+    const bool lacked = lacksMemory([&] {
         const QRect zone = m_block.zone();
         picAuto.setPicture(Raster());
         setClientSize(picAuto, zone.width(), zone.height());
@@ -39,6 +43,8 @@ void CopyCut::copyZone() {
     });
     picAuto.setAutoSize(true);
     m_block.DrawSelectionFrame();
+    if (lacked) // a cut that went on would lose what it cuts
+        throw RuntimeError(error::OutOfMemory);
 }
 
 void CopyCut::mnuEditCut_Click() {
@@ -51,7 +57,7 @@ void CopyCut::mnuEditCut_Click() {
     trapErrors(m_dialogs, QStringLiteral("mnuEditCut_Click"), [this] {
         m_work.picDisp.Cls(); // neither a block's frame nor a band is part of what was there before
         m_work.TakeUndoSnapshot();
-        mnuEditCopy_Click();
+        copy();
         m_block.fillPlace();
         m_block.ClearSelection();
         m_work.ImageModified = true;

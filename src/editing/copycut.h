@@ -15,7 +15,7 @@ class CopyCut : public QObject {
 public:
     CopyCut(WorkPicture& work, LiftedBlock& block, Dialogs& dialogs, QObject* parent = nullptr);
 
-    /// A step that fails is skipped and the next one runs.
+    /// A step that fails is skipped and the next one runs, unless it fails for want of memory.
     void mnuEditCopy_Click();
     /// Copies, and fills the zone but for its right and bottom edge with the background colour.
     void mnuEditCut_Click();
@@ -27,6 +27,7 @@ Q_SIGNALS:
 
 private:
     bool requirePicture();
+    void copy();
     void copyZone();
 
     WorkPicture& m_work;

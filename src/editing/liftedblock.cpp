@@ -2,6 +2,9 @@
 
 #include "editing/mask.h"
 #include "platform/numbers.h"
+#include "platform/runtimeerror.h"
+
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -124,11 +127,19 @@ void LiftedBlock::CaptureSelection() {
 }
 
 void LiftedBlock::ComposeRegion() {
+    composeRegion(Memory::AsNeeded);
+}
+
+void LiftedBlock::composeRegion(Memory memory) {
     const Places places{QRect(pixelAt(PrevX, PrevY), selectionSize()),
                         QRect(pixelAt(CurrX, CurrY), selectionSize())};
     m_work.picDisp.Cls();
     if (pixelsOf(places.now.size()) <= MostPixelsAtOnce)
-        m_work.picDisp.editCommitted(places.touched(), [&](Raster& image) { compose(image, places); });
+        m_work.picDisp.editCommitted(places.touched(), [&](Raster& image) {
+            if (memory == Memory::Beforehand)
+                image.makeOwn(places.touched());
+            compose(image, places);
+        });
     else
         composeBeside(places);
     if (HasSelection)
@@ -140,12 +151,20 @@ void LiftedBlock::ComposeRegion() {
 void LiftedBlock::compose(Raster& image, const Places& places, EventYield* yield) const {
     const Raster& background = m_work.picSnap.Image();
     const Raster& block = m_work.picRegion.Image();
-    const QSize size = places.now.size();
-    image.copyFrom(background, places.before);
-    if (TransparentPaste)
-        composeMasked(image, block, m_work.picMask.Image(), places.now.topLeft(), size, yield);
-    else
-        image.copyFrom(block, QRect(QPoint(0, 0), size), places.now.topLeft());
+    // Tiles that the block meets stay the image's own: shared with the background first, they would take
+    // memory again when the block is drawn.
+    const QRect met = Raster::wholeTiles(places.now);
+    for (const QRect& left : QRegion(places.before) - met)
+        image.copyFrom(background, left);
+    if (TransparentPaste) {
+        image.copyPixels(background, places.before & met);
+        composeMasked(image, block, m_work.picMask.Image(), places.now.topLeft(), places.now.size(), yield);
+    } else {
+        const QRect drawn = block.rect() & QRect(QPoint(0, 0), places.now.size());
+        for (const QRect& left : QRegion(places.before & met) - drawn.translated(places.now.topLeft()))
+            image.copyPixels(background, left);
+        image.copyFrom(block, drawn, places.now.topLeft());
+    }
     // What the block has left need not be kept twice.
     for (const QRect& left : QRegion(Raster::wholeTiles(places.before)) - Raster::wholeTiles(places.now))
         image.shareEqualTiles(background, left);
@@ -202,6 +221,11 @@ void LiftedBlock::moveTo(float x, float y) {
     const auto clamp = [](float value, float least, float most) {
         return std::min(std::max(value, least), most); // the upper bound wins where they cross
     };
+    auto stays = qScopeGuard([this, before = state()] {
+        setState(before);
+        m_work.picDisp.Cls(); // a second frame would erase one that is still there
+        skipOnError([this] { DrawSelectionFrame(); });
+    });
     CurrX = clamp(x, MinLeft, MaxLeft);
     // The top is bounded by the horizontal leeway on purpose: a tall block may be pushed out further than
     // its own leeway says, a wide one less far.
@@ -211,12 +235,15 @@ void LiftedBlock::moveTo(float x, float y) {
     // From here on the frame stands one pixel outside the block at the right and below, on purpose.
     SelX2 = float(m_work.picRegion.ScaleWidth()) + SelX1;
     SelY2 = float(m_work.picRegion.ScaleHeight()) + SelY1;
-    ComposeRegion();
+    composeRegion(Memory::Beforehand);
+    stays.dismiss();
 }
 
 void LiftedBlock::drop() {
     m_work.picDisp.Cls();
+    auto stays = qScopeGuard([this] { skipOnError([this] { DrawSelectionFrame(); }); });
     m_work.TakeUndoSnapshot();
+    stays.dismiss();
     ClearSelection();
 }
 

@@ -7,17 +7,9 @@
 
 namespace ovrano {
 
-/// The selection rectangle and the block that is lifted off the work picture: a zone, a pasted picture or a
-/// text stamp. Coordinates are pixels of picDisp; the rectangle includes all four edges.
-class LiftedBlock : public QObject {
-    Q_OBJECT
-
-public:
-    /// How much of its own size a block may hang over each edge of the picture.
-    static constexpr double LeeWayPercent = 80;
-
-    explicit LiftedBlock(WorkPicture& work, QObject* parent = nullptr);
-
+/// Where a block is and what is being done to it. Coordinates are pixels of picDisp; the rectangle includes
+/// all four edges.
+struct BlockState {
     float SelX1 = 0, SelX2 = 0, SelY1 = 0, SelY2 = 0;
     float CurrX = 0, CurrY = 0;   // where the block's corner is now
     float PrevX = 0, PrevY = 0;   // where it was drawn last, to be restored from picSnap
@@ -30,6 +22,21 @@ public:
     bool ResizingWidth = false, ResizingHeight = false;     // an edge of the picture is being dragged
     /// Where the mouse has taken the edge to: its last position, but never beyond the smallest picture.
     float ResizeStartX = 0, ResizeStartY = 0;
+};
+
+/// The selection rectangle and the block that is lifted off the work picture: a zone, a pasted picture or a
+/// text stamp.
+class LiftedBlock : public QObject, public BlockState {
+    Q_OBJECT
+
+public:
+    /// How much of its own size a block may hang over each edge of the picture.
+    static constexpr double LeeWayPercent = 80;
+
+    explicit LiftedBlock(WorkPicture& work, QObject* parent = nullptr);
+
+    const BlockState& state() const { return *this; }
+    void setState(const BlockState& state) { BlockState::operator=(state); }
 
     /// Lets the moved surface hang over each edge of its container by a percentage of its own size.
     void SetLeeWay(const Surface& moved, const Surface& container, double percent);
@@ -68,6 +75,7 @@ public:
     /// Starts an edge drag at a mouse position.
     void takeRightEdge(int x);
     void takeBottomEdge(int y);
+    // Without memory for a step (RuntimeError 7) the block stays whole where it is, lifted and framed.
     /// Moves the block so that the point it was grabbed at follows the mouse, as far as the leeway goes.
     void dragTo(QPoint mouse);
     /// Moves the block by some pixels, as far as the leeway goes.
@@ -83,6 +91,10 @@ public:
     void endBand();
 
 private:
+    /// What composing may do to the pixels that it draws over: without memory for new ones it leaves them
+    /// half drawn, or it takes that memory before it begins.
+    enum class Memory { AsNeeded, Beforehand };
+
     /// Where a block was drawn last and where it is to be drawn.
     struct Places {
         QRect before;
@@ -94,6 +106,7 @@ private:
     void moveTo(float x, float y);
     /// Puts the background back and draws the block.
     void compose(Raster& image, const Places& places, EventYield* yield = nullptr) const;
+    void composeRegion(Memory memory);
     void composeBeside(const Places& places);
     QSize selectionSize() const; // in whole pixels, both edges included
     void drawBox(Surface& surface, Colour colour, BoxStyle style) const;

@@ -54,12 +54,13 @@ void Paste::afterwards(bool transparentBefore) {
     // A block that was lifted before goes on as it was when nothing has come instead.
     if (!m_progress.lifted)
         m_block.TransparentPaste = transparentBefore;
-    if (!m_progress.lifted && m_progress.prepared) {
-        m_work.picDisp.Cls();
+    if (!m_progress.lifted && m_progress.before) {
+        m_work.picDisp.putBack(*m_progress.before);
         if (m_block.HasSelection)
             m_block.DrawSelectionFrame();
     }
-    if (m_progress.resized)
+    m_progress.before.reset();
+    if (m_progress.lifted && m_progress.resized)
         m_view.fitToPicture(); // last: it fails when the picture is larger than the bars can scroll
 }
 
@@ -106,9 +107,9 @@ void Paste::reportNoPicture() {
 
 void Paste::prepare() {
     m_work.picDisp.Cls();
+    m_progress.before = m_work.picDisp.contents();
     m_view.scrollHome();
     m_work.TakeUndoSnapshot();
-    m_progress.prepared = true;
 }
 
 void Paste::load(const Raster& picture) {

@@ -9,6 +9,8 @@
 
 #include <QObject>
 
+#include <optional>
+
 namespace ovrano {
 
 /// Brings a picture of the clipboard or of a file onto the work picture, as a lifted block at its upper-left
@@ -35,9 +37,9 @@ Q_SIGNALS:
 private:
     /// How far the paste under way has come.
     struct Progress {
-        bool prepared = false; // the view is at home and the snapshot taken
-        bool resized = false;  // the work picture has another size
-        bool lifted = false;   // the block is composed
+        std::optional<Surface::Contents> before; // the work picture as it was, without a frame
+        bool resized = false;                    // it has another size
+        bool lifted = false;                     // the block is composed
     };
 
     using Command = void (Paste::*)();

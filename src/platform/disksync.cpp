@@ -2,7 +2,7 @@
 
 #include "platform/runtimeerror.h"
 
-#include <QFile>
+#include <QFileDevice>
 
 #include <cerrno>
 
@@ -26,12 +26,12 @@ int sync(int handle) {
 
 } // namespace
 
-void syncToDisk(const QString& path) {
-    QFile file(path);
-    errno = 0;
-    if (!file.open(QIODevice::ReadWrite))
-        throw RuntimeError::fromErrno(errno);
-    if (sync(file.handle()) != 0 && errno != EINVAL)
+void syncToDisk(const QFileDevice& file) {
+    int result = 0;
+    do {
+        result = sync(file.handle());
+    } while (result != 0 && errno == EINTR);
+    if (result != 0 && errno != EINVAL)
         throw RuntimeError::fromErrno(errno);
 }
 

@@ -111,16 +111,31 @@ void Raster::copyFrom(const Raster& source, const QRect& from, QPoint to) {
                 return;
             }
         }
-        if (whole)
-            tile = Tile::unwritten(tile.size()); // rather than copying what is overwritten anyway
-        QRgb* pixels = tile.pixels();
-        kept.readTiles(wanted, [&](const QImage& other, const QRect& part) {
-            const int x = (part.left() + shift.x()) % TileSide;
-            for (int y = part.top(); y <= part.bottom(); ++y)
-                std::copy_n(rowOf(other, y % TileSide) + part.left() % TileSide, part.width(),
-                            pixels + (y + shift.y()) % TileSide * tile.pixelsPerRow() + x);
-        });
+        overwrite(tile, place, kept, shift);
     });
+}
+
+void Raster::copyPixels(const Raster& source, const QRect& area) {
+    writeTiles(area & source.rect(),
+               [&](Tile& tile, const QRect& place) { overwrite(tile, place, source, QPoint(0, 0)); });
+}
+
+/// Copies pixels into a place of a tile from the place of the source that lies `shift` before it.
+void Raster::overwrite(Tile& tile, const QRect& place, const Raster& source, QPoint shift) {
+    if (place.size() == tile.size() && tile.isShared())
+        tile = Tile::unwritten(tile.size()); // rather than copying what is overwritten anyway
+    QRgb* pixels = tile.pixels();
+    source.readTiles(place.translated(-shift), [&](const QImage& other, const QRect& part) {
+        const int x = (part.left() + shift.x()) % TileSide;
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            std::copy_n(rowOf(other, y % TileSide) + part.left() % TileSide, part.width(),
+                        pixels + (y + shift.y()) % TileSide * tile.pixelsPerRow() + x);
+    });
+}
+
+void Raster::makeOwn(const QRegion& area) {
+    for (const QRect& part : area)
+        writeTiles(part, [](Tile& tile, const QRect&) { tile.pixels(); });
 }
 
 QRect Raster::wholeTiles(const QRect& area) {

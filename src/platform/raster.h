@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QList>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 
 namespace ovrano {
@@ -51,6 +52,13 @@ public:
     /// The same area, at the same place.
     void copyFrom(const Raster& source, const QRect& area) { copyFrom(source, area, area.topLeft()); }
 
+    /// The same, but shares nothing: what is this raster's own stays so.
+    void copyPixels(const Raster& source, const QRect& area);
+
+    /// Makes the tiles that meet an area this raster's own, so that writing their pixels takes no more
+    /// memory. Without memory for that (RuntimeError 7) the pixels are still what they were.
+    void makeOwn(const QRegion& area);
+
     /// Another size: what is added has the fill colour, what no longer fits is cut.
     Raster resized(QSize size, Colour fill) const;
 
@@ -88,6 +96,7 @@ private:
     int columns() const { return (m_size.width() + TileSide - 1) / TileSide; }
     int rows() const { return (m_size.height() + TileSide - 1) / TileSide; }
     QRect tileRect(int column, int row) const;
+    static void overwrite(Tile& tile, const QRect& place, const Raster& source, QPoint shift);
     const Tile& tile(int column, int row) const { return m_tiles.at(row * columns() + column); }
     Tile& tile(int column, int row) { return m_tiles[row * columns() + column]; }
 

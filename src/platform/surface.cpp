@@ -107,7 +107,7 @@ void Surface::setInnerSize(QSize size) {
         throw RuntimeError(error::InvalidPropertyValue);
     if (size == m_image.size())
         return;
-    rebuild(size, true);
+    rebuild(m_picture, size, true);
 }
 
 void Surface::setBorder(int border) {
@@ -121,22 +121,24 @@ void Surface::setAutoSize(bool on) {
 }
 
 void Surface::setPicture(const Raster& picture) {
-    m_picture = picture;
-    rebuild(m_autoSize && !picture.isEmpty() ? picture.size() : m_image.size(), false);
+    rebuild(picture, m_autoSize && !picture.isEmpty() ? picture.size() : m_image.size(), false);
 }
 
-void Surface::rebuild(QSize size, bool keepDrawn) {
-    settle();
-    Raster base = m_picture.size() == size ? m_picture : Raster(size, m_backColor);
-    if (m_picture.size() != size)
-        base.copyFrom(m_picture, m_picture.rect());
+void Surface::rebuild(const Raster& picture, QSize size, bool keepDrawn) {
+    if (keepDrawn)
+        settle();
+    Raster base = picture.size() == size ? picture : Raster(size, m_backColor);
+    if (picture.size() != size)
+        base.copyFrom(picture, picture.rect());
     Raster image = base;
     if (keepDrawn)
         for (const QRect& area : m_drawn)
             image.copyFrom(m_image, area);
     const bool otherSize = size != m_image.size();
+    m_picture = picture;
     m_base = base;
     m_image = image;
+    m_outline.clear();
     m_drawn = keepDrawn ? m_drawn & m_image.rect() : QRegion();
     if (otherSize)
         Q_EMIT innerSizeChanged(size);
@@ -172,9 +174,33 @@ void Surface::commit() {
     m_drawn = QRegion();
 }
 
+Surface::Contents Surface::contents() const {
+    Contents contents;
+    contents.picture = m_picture;
+    contents.base = m_base;
+    contents.image = m_image;
+    contents.outline = m_outline;
+    contents.drawn = m_drawn;
+    contents.scaleMode = m_scaleMode;
+    return contents;
+}
+
+void Surface::putBack(const Contents& contents) {
+    const QSize size = m_image.size();
+    m_picture = contents.picture;
+    m_base = contents.base;
+    m_image = contents.image;
+    m_outline = contents.outline;
+    m_drawn = contents.drawn;
+    m_scaleMode = contents.scaleMode;
+    if (m_image.size() != size)
+        Q_EMIT innerSizeChanged(m_image.size());
+    Q_EMIT changed(m_image.rect());
+}
+
 void Surface::setBackColor(Colour colour) {
     m_backColor = colour & White;
-    rebuild(m_image.size(), false);
+    rebuild(m_picture, m_image.size(), false);
 }
 
 QPoint Surface::pixelAt(double x, double y) const {
@@ -196,8 +222,7 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
     const Pen pen{box.topLeft(), colour, m_drawMode, m_drawStyle};
     settle();
     if (style == BoxStyle::Filled) {
-        draw(m_image, box, pen);
-        drawn(box & m_image.rect());
+        editImage(box, [&](Raster& image, const QRect&) { draw(image, box, pen); });
         return;
     }
     QRegion touched;
@@ -213,9 +238,9 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
 
 void Surface::Print(const QString& text) {
     const QPoint origin = pixelAt(m_currentX, m_currentY);
-    settle();
     const TextMask& mask = m_textCache.mask(m_font, text, m_image.rect().translated(-origin));
-    drawn(mask.paint(m_image, origin, m_foreColor));
+    editImage(mask.ink().translated(origin),
+              [&](Raster& image, const QRect&) { mask.paint(image, origin, m_foreColor); });
     m_currentX = 0;
     m_currentY += TextHeight(text);
 }
@@ -229,12 +254,8 @@ double Surface::TextHeight(const QString& text) const {
 }
 
 void Surface::copyFrom(const Surface& source, const QRect& from, QPoint to) {
-    const QRect area = (from & source.m_image.rect()).translated(to - from.topLeft()) & m_image.rect();
-    if (area.isEmpty())
-        return;
-    settle();
-    m_image.copyFrom(source.Image(), from, to);
-    drawn(area);
+    const QRect area = (from & source.m_image.rect()).translated(to - from.topLeft());
+    editImage(area, [&](Raster& image, const QRect&) { image.copyFrom(source.Image(), from, to); });
 }
 
 void Surface::drawn(const QRegion& area) {

@@ -64,12 +64,18 @@ public:
 
     // The two layers.
     const Raster& Picture() const { return m_picture; }
-    /// An empty raster empties the surface: it shows the background colour.
+    /// An empty raster empties the surface: it shows the background colour. Without memory (RuntimeError 7)
+    /// the surface stays what it was, as with a change of its size.
     void setPicture(const Raster& picture);
     const Raster& Image() const;
     void Cls();
     /// Picture becomes Image.
     void commit();
+    class Contents;
+    /// All that the surface holds and its scale mode, for putBack(). It costs references and no pixels.
+    Contents contents() const;
+    /// Makes the surface what it was, which takes no memory.
+    void putBack(const Contents& contents);
     /// Shows at once what has been drawn; otherwise it appears when the event loop runs next.
     void Refresh() { Q_EMIT refreshed(); }
 
@@ -123,8 +129,8 @@ public:
         if (inside.isEmpty())
             return;
         settle();
+        const auto marked = qScopeGuard([&] { drawn(inside); }); // also what an edit that fails has done
         edit(m_image, inside);
-        drawn(inside);
     }
     /// The same with commit() in one: edit(Raster&) may change pixels inside the area, and all that has been
     /// drawn becomes Picture. What no other surface shares is written in place; drawn first and committed
@@ -164,7 +170,7 @@ private:
     QPoint pixelAt(double x, double y) const;
     void settle() const;
     void drawn(const QRegion& area);
-    void rebuild(QSize size, bool keepDrawn);
+    void rebuild(const Raster& picture, QSize size, bool keepDrawn);
 
     int m_border = 0;
     bool m_autoSize = false;
@@ -183,6 +189,17 @@ private:
     double m_currentX = 0;
     double m_currentY = 0;
     TextMaskCache m_textCache;
+};
+
+class Surface::Contents {
+    friend class Surface;
+
+    Raster picture;
+    Raster base;
+    Raster image;
+    QList<Strip> outline;
+    QRegion drawn;
+    ovrano::ScaleMode scaleMode = ovrano::ScaleMode::Pixels;
 };
 
 } // namespace ovrano

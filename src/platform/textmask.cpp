@@ -129,7 +129,7 @@ TextMask::TextMask(const QFont& font, const QString& text, const QRect& window)
     }
 }
 
-QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
+void TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
     const QRect area = m_ink.translated(origin) & raster.rect();
     const QRgb pixel = toPixel(colour);
     raster.writeTiles(area, [&](Tile& tile, const QRect& place) {
@@ -145,7 +145,6 @@ QRect TextMask::paint(Raster& raster, QPoint origin, Colour colour) const {
             std::fill_n(row + left % Raster::TileSide, right - left, pixel);
         }
     });
-    return area;
 }
 
 const TextMask& TextMaskCache::mask(const QFont& font, const QString& text, const QRect& needed) {
@@ -173,6 +172,8 @@ SmoothTextMask::SmoothTextMask(const QFont& font, const QString& text, const QRe
         return;
     m_ink = ink.translated(window.topLeft());
     m_coverage = page.copy(ink);
+    if (m_coverage.isNull())
+        throw RuntimeError(error::OutOfMemory);
 }
 
 } // namespace ovrano

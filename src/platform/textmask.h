@@ -45,9 +45,11 @@ public:
     TextMask(const QFont& font, const QString& text, const QRect& window);
 
     const QRect& window() const { return m_window; }
+    /// Where there is any ink; empty without ink.
+    const QRect& ink() const { return m_ink; }
 
-    /// Paints the ink with its cell's corner at `origin`; gives the area that was painted.
-    QRect paint(Raster& raster, QPoint origin, Colour colour) const;
+    /// Paints the ink with its cell's corner at `origin`.
+    void paint(Raster& raster, QPoint origin, Colour colour) const;
 
 private:
     struct Run {

@@ -106,7 +106,7 @@ Tile Tile::viewOf(const QImage& whole, const QRect& part) {
 }
 
 QRgb* Tile::pixels() {
-    if (!m_isOwn || !m_image.isDetached()) {
+    if (isShared()) {
         Tile copy = unwritten(size());
         QRgb* out = copy.pixels();
         for (int y = 0; y < size().height(); ++y)

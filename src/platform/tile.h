@@ -31,6 +31,9 @@ public:
     const QImage& image() const { return m_image; }
     bool sharesWith(const Tile& other) const { return m_image.constBits() == other.m_image.constBits(); }
 
+    /// Whether writing would make a copy first.
+    bool isShared() const { return !m_isOwn || !m_image.isDetached(); }
+
     const QRgb* row(int y) const { return reinterpret_cast<const QRgb*>(m_image.constScanLine(y)); }
 
     /// The pixels for writing, from now on this tile's alone, row by row with pixelsPerRow() to each. To be

@@ -1,6 +1,9 @@
 #include "text/onecolourpanel.h"
 
+#include "document/keptwork.h"
 #include "platform/controls.h"
+#include "platform/errorreporter.h"
+#include "platform/memoryerror.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
@@ -13,6 +16,7 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <iterator>
 
 namespace ovrano {
 
@@ -42,7 +46,7 @@ Direction directionAt(int row) {
 } // namespace
 
 OneColourPanel::OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock& block, PointerModes& modes,
-                               StylePanel& style, AnglePanel& angle, QWidget* parent)
+                               StylePanel& style, AnglePanel& angle, Dialogs& dialogs, QWidget* parent)
     : QGroupBox(QStringLiteral("Texte 3D"), parent)
     , lblShadeThickness(named(new QLabel(QStringLiteral("Profondeur"), this), "lblShadeThickness"))
     , cboShadeThickness(named(new QComboBox(this), "cboShadeThickness", lblShadeThickness->text()))
@@ -55,7 +59,8 @@ OneColourPanel::OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock
     , m_block(block)
     , m_modes(modes)
     , m_style(style)
-    , m_angle(angle) {
+    , m_angle(angle)
+    , m_dialogs(dialogs) {
     setObjectName(QStringLiteral("fra1Color3D"));
     fillLists();
     drawIcons();
@@ -98,39 +103,36 @@ void OneColourPanel::arrange() {
 }
 
 void OneColourPanel::cmd1Color3DProceed_Click() {
-    using Step = void (OneColourPanel::*)();
-    using Panel = OneColourPanel;
-    constexpr Step Steps[] = {&Panel::releasePicker,
-                              &Panel::scrollHome,
-                              &Panel::emptySurfaces,
-                              &Panel::takeSnapshot,
-                              &Panel::keepBackground,
-                              &Panel::applyFont,
-                              &Panel::widenStamp,
-                              &Panel::heightenStamp,
-                              &Panel::measureInTwips,
-                              &Panel::readColour,
-                              &Panel::readDepth,
-                              &Panel::printStamp,
-                              &Panel::measureInPixels,
-                              &Panel::sizeRegion,
-                              &Panel::turnStamp,
-                              &Panel::cutMask,
-                              &Panel::placeBlock,
-                              &Panel::liftBlock,
-                              &Panel::composeBlock,
-                              &Panel::pictureFocusRequested,
-                              &Panel::resetPointer,
-                              &Panel::editStateChanged,
-                              &Panel::backgroundColourLocked,
-                              &Panel::rememberText};
-
     if (!m_style.CheckTextInputs())
         return;
+    KeptWork workBefore(m_work);
+    const BlockState blockBefore = m_block.state();
+    if (stamp())
+        return;
+    workBefore.putBack();
+    m_block.setState(blockBefore);
+    ErrMsgProc(m_dialogs, QStringLiteral("cmd1Color3DProceed_Click"), RuntimeError(error::OutOfMemory));
+}
+
+/// False when there is not enough memory for a step; those after it have not been done then.
+bool OneColourPanel::stamp() {
+    using Step = void (OneColourPanel::*)();
+    using Panel = OneColourPanel;
+    constexpr Step Steps[] = {
+        &Panel::releasePicker,   &Panel::scrollHome,       &Panel::emptySurfaces,
+        &Panel::takeSnapshot,    &Panel::keepBackground,   &Panel::applyFont,
+        &Panel::widenStamp,      &Panel::heightenStamp,    &Panel::measureInTwips,
+        &Panel::readColour,      &Panel::readDepth,        &Panel::printStamp,
+        &Panel::measureInPixels, &Panel::sizeRegion,       &Panel::turnStamp,
+        &Panel::cutMask,         &Panel::placeBlock,       &Panel::liftBlock,
+        &Panel::composeBlock,    &Panel::takeUpTool,       &Panel::pictureFocusRequested,
+        &Panel::resetPointer,    &Panel::editStateChanged, &Panel::backgroundColourLocked,
+        &Panel::rememberText};
+
     setScreenMousePointer(MousePointer::Hourglass);
     const auto pointerBack = qScopeGuard([] { setScreenMousePointer(MousePointer::Default); });
-    for (const Step step : Steps)
-        skipOnError([&] { (this->*step)(); });
+    return std::none_of(std::begin(Steps), std::end(Steps),
+                        [this](Step step) { return lacksMemory([&] { (this->*step)(); }); });
 }
 
 void OneColourPanel::releasePicker() {
@@ -221,11 +223,14 @@ void OneColourPanel::placeBlock() {
 void OneColourPanel::liftBlock() {
     m_block.HasSelection = true;
     m_block.TransparentPaste = true;
-    m_modes.imgRegion.setAppearance(1);
     m_block.SelX1 = 0;
     m_block.SelY1 = 0;
     m_block.SelX2 = static_cast<float>(m_work.picRegion.ScaleWidth() - 1);
     m_block.SelY2 = static_cast<float>(m_work.picRegion.ScaleHeight() - 1);
+}
+
+void OneColourPanel::takeUpTool() {
+    m_modes.imgRegion.setAppearance(1);
 }
 
 void OneColourPanel::composeBlock() {

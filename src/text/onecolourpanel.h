@@ -23,7 +23,7 @@ class OneColourPanel : public QGroupBox {
 
 public:
     OneColourPanel(WorkPicture& work, PictureView& view, LiftedBlock& block, PointerModes& modes,
-                   StylePanel& style, AnglePanel& angle, QWidget* parent = nullptr);
+                   StylePanel& style, AnglePanel& angle, Dialogs& dialogs, QWidget* parent = nullptr);
 
     QLabel* const lblShadeThickness;
     QComboBox* const cboShadeThickness; // pixels
@@ -33,7 +33,8 @@ public:
 
     QString lastWrittenText;
 
-    /// After the check of the inputs a step that fails is skipped and the next one runs.
+    /// After the check of the inputs a step that fails is skipped and the next one runs. Only when memory
+    /// runs short it is told, and the picture, what Undo can do and an earlier block are left as they were.
     void cmd1Color3DProceed_Click();
 
 Q_SIGNALS:
@@ -48,6 +49,8 @@ private:
     void fillLists();
     void drawIcons();
     void arrange();
+
+    bool stamp();
 
     // The steps of the command; some of its signals are steps, too.
     void releasePicker();
@@ -69,6 +72,7 @@ private:
     void placeBlock();
     void liftBlock();
     void composeBlock();
+    void takeUpTool();
     void resetPointer();
     void rememberText();
 
@@ -82,6 +86,7 @@ private:
     PointerModes& m_modes;
     StylePanel& m_style;
     AnglePanel& m_angle;
+    Dialogs& m_dialogs;
     Colour m_colour = Black;  // of the farthest layer
     std::int16_t m_depth = 0; // twips
 };

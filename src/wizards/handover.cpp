@@ -1,5 +1,9 @@
 #include "wizards/handover.h"
 
+#include "document/keptwork.h"
+
+#include <QScopeGuard>
+
 namespace ovrano {
 
 Handover::Handover(WorkPicture& work, PictureView& view, QObject* parent)
@@ -8,11 +12,13 @@ Handover::Handover(WorkPicture& work, PictureView& view, QObject* parent)
     , m_view(view) {}
 
 void Handover::take(const Raster& picture) {
+    auto unchanged = qScopeGuard([before = KeptWork(m_work)]() mutable { before.putBack(); });
     m_work.picDisp.setInnerSize(picture.size());
     m_work.picDisp.setPicture(picture);
     takeSize(m_work.picSnap, m_work.picDisp);
     m_work.picMask.setWidth(m_work.picDisp.Width());
     m_work.picMask.setHeight(m_work.picDisp.Width()); // a square, on purpose
+    unchanged.dismiss();
 }
 
 void Handover::present() {

@@ -1,7 +1,7 @@
 #include "wizards/modroundtext.h"
 
+#include "platform/memoryerror.h"
 #include "platform/numbers.h"
-#include "platform/runtimeerror.h"
 #include "wizards/turnedcharacters.h"
 
 #include <QCoreApplication>
@@ -32,7 +32,7 @@ TurnedCharacters& turnedCharacters(const QFont& font) {
 void printCharacters(Surface& target, const QStringList& characters, std::int16_t count,
                      const RoundPath& path) {
     std::vector<TurnedCharacter> placed;
-    skipOnError([&] {
+    skipUnlessMemory([&] {
         for (std::int16_t i = 0; i < count; ++i) {
             const RoundPlace place = path.place(i);
             placed.push_back(
@@ -74,7 +74,7 @@ void PrintRoundText(Surface& target, const QString& text, float startAngle, floa
     const QStringList characters = charactersOf(text);
     if (characters.isEmpty())
         return;
-    skipOnError([&] {
+    skipUnlessMemory([&] {
         const std::int16_t count = toInteger16(static_cast<double>(characters.size()));
         const float step = sector / static_cast<float>(count);
         printCharacters(target, characters, count, {startAngle, radius, centreX, centreY, step});

@@ -1,7 +1,9 @@
 #include "wizards/rotfonts.h"
 
+#include "document/keptwork.h"
 #include "platform/commondialog.h"
 #include "platform/errorreporter.h"
+#include "platform/memoryerror.h"
 #include "platform/numbers.h"
 #include "platform/textmask.h"
 #include "ui/flatten.h"
@@ -13,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSignalBlocker>
 
@@ -122,9 +125,10 @@ void RotFonts::refresh() {
 
 void RotFonts::redrawResized() {
     // What was drawn and no longer in the picture comes back with its place.
-    Picture1.Cls();
-    if (m_drawn)
-        skipOnError([this] { print(Picture1, *m_drawn); });
+    if (const auto drawing = m_drawn)
+        preview(QStringLiteral("redrawResized"), [&] { return *drawing; });
+    else
+        Picture1.Cls();
 }
 
 void RotFonts::Check1_Click() {
@@ -132,14 +136,25 @@ void RotFonts::Check1_Click() {
 }
 
 void RotFonts::Command1_Click() {
-    if (isLeaving())
-        return;
+    if (!isLeaving())
+        preview(QStringLiteral("Command1_Click"), [this] { return settings(); });
+}
+
+/// Draws nothing where the drawing cannot be had or printed. False when that was for want of memory, which
+/// has been reported under the handler's name.
+bool RotFonts::preview(const QString& handler, const std::function<Drawing()>& drawing) {
     Picture1.Cls();
     m_drawn.reset();
-    skipOnError([this] {
-        m_drawn = settings();
+    const bool lacked = lacksMemory([&] {
+        m_drawn = drawing();
         print(Picture1, *m_drawn);
     });
+    if (!lacked)
+        return true;
+    Picture1.Cls();
+    m_drawn.reset();
+    ErrMsgProc(m_dialogs, handler, RuntimeError(error::OutOfMemory));
+    return false;
 }
 
 RotFonts::Drawing RotFonts::settings() const {
@@ -191,11 +206,14 @@ void RotFonts::Command4_Click() {
 void RotFonts::Command3_Click() {
     m_memory.TwoColourText = Text1->text();
     m_memory.Cancelled = 0;
-    Command1_Click();
     const QString name = QStringLiteral("Command3_Click");
+    if (!isLeaving() && !preview(name, [this] { return settings(); }))
+        return;
     trapErrors(m_dialogs, name, [&] {
+        auto unchanged = qScopeGuard([before = KeptWork(m_handover.work())]() mutable { before.putBack(); });
         printOnWorkPicture();
         giveToCompanions(m_handover.work().picDisp.Picture());
+        unchanged.dismiss();
         trapErrors(m_dialogs, name, [this] { passThroughFile(); }); // the picture is there without it
         m_handover.present();
         accept();

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 namespace ovrano {
@@ -34,7 +35,8 @@ public:
     void Command1_Click();
     void cmdColor_Click();
     void Command2_Click();
-    /// Appliquer: the dialog closes as accepted.
+    /// Appliquer: the dialog closes as accepted. Without memory the work picture stays what it was and the
+    /// dialog open.
     void Command3_Click();
     /// Défaut.
     void Command4_Click();
@@ -75,6 +77,7 @@ private:
     void connectButtons();
     void refresh();
     void redrawResized();
+    bool preview(const QString& handler, const std::function<Drawing()>& drawing);
     void setCentreDefaults();
     Drawing settings() const;
     void print(Surface& target, const Drawing& drawing) const;

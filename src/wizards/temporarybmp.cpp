@@ -21,7 +21,7 @@ StoredPicture throughFileIn(const QString& folder, const Raster& picture) {
         if (FileExists(path))
             skipOnError([&] { deleteFile(path); });
     });
-    SavePicture(picture, path);
+    SavePicture(picture, path, SafeFile::Purpose::Temporary);
     return {LoadPicture(path), path};
 }
 

@@ -26,6 +26,7 @@ public:
     QString folder() const { return m_folder.path() + QLatin1Char('/'); }
     MainWindow& window() { return m_window; }
     const ScriptedDialogs& dialogs() const { return m_dialogs; }
+    void forgetMessages() { m_dialogs.messages.clear(); }
     /// What only the program can tell after a step: a text as it was drawn, a file of another format.
     Pixels seenAfter(const Step& step);
 

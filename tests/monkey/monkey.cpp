@@ -79,8 +79,10 @@ Monkey::~Monkey() {
 }
 
 void Monkey::showWindow() {
-    if (!m_window->isVisible() || m_window->isMinimized())
-        m_window->showNormal();
+    if (!m_window->isVisible())
+        m_window->show();
+    else if (m_window->isMinimized())
+        m_window->setWindowState(Qt::WindowNoState);
 }
 
 void Monkey::play(int acts) {

@@ -55,12 +55,14 @@ QImage knownPicture() {
 }
 
 QString knownFile(const QString& folder) {
-    return folder + QStringLiteral("/connue.bmp");
+    QString path = folder + QStringLiteral("/connue.bmp");
+    write(path, encoded(knownPicture(), "BMP"));
+    return path;
 }
 
 void layOut(const QString& folder) {
     const auto path = [&](const char* name) { return folder + QLatin1Char('/') + QLatin1String(name); };
-    write(knownFile(folder), encoded(knownPicture(), "BMP"));
+    knownFile(folder);
     write(path("point.png"), encoded(gradient(QSize(1, 1)), "PNG"));
     write(path("photo.jpg"), encoded(gradient(QSize(1600, 1200)), "JPEG"));
     write(path("grande.jpg"), encoded(gradient(QSize(4000, 3000)), "JPEG"));

@@ -12,7 +12,7 @@ namespace ovrano::monkey {
 /// Fills a folder with pictures of all formats and sizes, one of them large, and with files that are none or
 /// only begin as one.
 void layOut(const QString& folder);
-/// The file of that folder whose picture is `knownPicture()`.
+/// Writes `knownPicture()` into that folder again, since anybody may have saved over it, and gives its path.
 QString knownFile(const QString& folder);
 QImage knownPicture();
 

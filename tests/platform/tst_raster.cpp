@@ -51,6 +51,8 @@ private Q_SLOTS:
     void readRowCrossesTiles();
     void visitsEveryPixelOnce();
     void equalTilesAreSharedAgain();
+    void copiedPixelsShareNothing();
+    void ownTilesAreOverwrittenInPlace();
     void areaOfWholeTiles();
     void memoryOfTilesIsKept();
     void manyTilesGoBackToTheSystem();
@@ -233,6 +235,39 @@ void TestRaster::equalTilesAreSharedAgain() {
     narrower.shareEqualTiles(original, narrower.rect());
     QVERIFY(narrower.sharesTile(original, 0, 0));
     QVERIFY(!narrower.sharesTile(original, 300, 0));
+}
+
+void TestRaster::copiedPixelsShareNothing() {
+    const Raster source = patterned(QSize(600, 300));
+    Raster copy(QSize(600, 300), White);
+    const QRect area(10, 0, 550, 290);
+    copy.copyPixels(source, area);
+    Raster expected(QSize(600, 300), White);
+    expected.copyFrom(source, area);
+    QVERIFY(samePixels(copy, expected));
+    for (int x : {10, 256, 512})
+        QVERIFY(!copy.sharesTile(source, x, 0));
+}
+
+void TestRaster::ownTilesAreOverwrittenInPlace() {
+    const Raster source = patterned(QSize(600, 600));
+    Raster target = patterned(QSize(600, 600), 5);
+    const Raster before = target;
+    target.makeOwn(QRect(100, 100, 250, 1));
+    QVERIFY(samePixels(target, before));
+    QVERIFY(!target.sharesTile(before, 0, 0) && !target.sharesTile(before, 256, 0));
+    QVERIFY(target.sharesTile(before, 512, 0) && target.sharesTile(before, 0, 256));
+    const auto memoryOfFirst = [&target] {
+        const uchar* memory = nullptr;
+        target.readTiles(QRect(0, 0, 1, 1),
+                         [&](const QImage& tile, const QRect&) { memory = tile.constBits(); });
+        return memory;
+    };
+    const uchar* own = memoryOfFirst();
+    target.copyFrom(source, QRect(1, 1, 256, 256), QPoint(0, 0)); // covers it, out of step
+    QCOMPARE(memoryOfFirst(), own);
+    QCOMPARE(target.pixel(0, 0), source.pixel(1, 1));
+    QCOMPARE(target.pixel(255, 255), source.pixel(256, 256));
 }
 
 void TestRaster::areaOfWholeTiles() {

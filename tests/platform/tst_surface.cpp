@@ -93,6 +93,8 @@ private Q_SLOTS:
     void printInTwips();
     void printLeavesTwoColours();
     void printOutsideIsIgnored();
+    void contentsArePutBack();
+    void changeWithoutMemoryLeavesAllAsItWas();
     void textIsRenderedOncePerText();
     void textSizeDependsOn96DotsPerInch();
 };
@@ -515,6 +517,40 @@ void TestSurface::printOutsideIsIgnored() {
     Surface empty(QStringLiteral("e"));
     empty.Print(QStringLiteral("M"));
     QVERIFY(empty.Image().isEmpty());
+}
+
+void TestSurface::contentsArePutBack() {
+    Surface surface(QStringLiteral("s"), QSize(300, 40));
+    surface.setPicture(Raster(QSize(300, 40), rgb(1, 2, 3)));
+    surface.Line(QPointF(5, 5), QPointF(20, 20), Black, BoxStyle::Filled);
+    surface.Line(QPointF(2, 2), QPointF(290, 30), White, BoxStyle::Outline); // still beside the image
+    const Surface::Contents before = surface.contents();
+    const Raster picture = surface.Picture();
+    const Raster image = surface.Image();
+    surface.setScaleMode(ScaleMode::Twips);
+    surface.setInnerSize(QSize(20, 500));
+    surface.setPicture(Raster());
+    QSignalSpy resized(&surface, &Surface::innerSizeChanged);
+    QSignalSpy changed(&surface, &Surface::changed);
+    surface.putBack(before);
+    QCOMPARE(resized.count(), 1);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(surface.ScaleMode(), ScaleMode::Pixels);
+    QCOMPARE(surface.Picture(), picture);
+    QCOMPARE(surface.Image(), image);
+    surface.Cls(); // what is only drawn is still known to be that
+    QCOMPARE(surface.Image(), picture);
+}
+
+void TestSurface::changeWithoutMemoryLeavesAllAsItWas() {
+    Surface surface(QStringLiteral("s"), QSize(30, 20));
+    surface.setPicture(Raster(QSize(30, 20), rgb(1, 2, 3)));
+    surface.Line(QPointF(5, 5), QPointF(20, 10), Black, BoxStyle::Outline);
+    const QSize tooLarge(Raster::MaxSide + 1, 1);
+    QVERIFY(!skipOnError([&] { surface.setInnerSize(tooLarge); }));
+    QCOMPARE(surface.innerSize(), QSize(30, 20));
+    QCOMPARE(surface.Point(5, 5), Black);
+    QCOMPARE(surface.Point(0, 0), rgb(1, 2, 3));
 }
 
 void TestSurface::textIsRenderedOncePerText() {

@@ -34,7 +34,7 @@ struct OneColourBench {
     PointerModes modes{work, view, block, imgRegion, imgColorPicker, mnuToolsRegion, dialogs};
     StylePanel style{work, dialogs, &window};
     AnglePanel angle{&window};
-    OneColourPanel panel{work, view, block, modes, style, angle, &window};
+    OneColourPanel panel{work, view, block, modes, style, angle, dialogs, &window};
     QSignalSpy editStateChanged{&panel, &OneColourPanel::editStateChanged};
     QSignalSpy backgroundColourLocked{&panel, &OneColourPanel::backgroundColourLocked};
     QSignalSpy focusRequested{&panel, &OneColourPanel::pictureFocusRequested};
