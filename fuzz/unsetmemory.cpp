@@ -5,8 +5,14 @@
 #include <malloc.h>
 
 #if defined(__SANITIZE_ADDRESS__) || (defined(__has_feature) && __has_feature(address_sanitizer))
-#include <sanitizer/allocator_interface.h>
 #define OVRANO_ADDRESS_SANITIZER
+#endif
+
+#ifdef OVRANO_ADDRESS_SANITIZER
+// Of the sanitizers' runtime; not every compiler that has the function brings its header along.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*afterAllocation)(const volatile void*,
+                                                                                 std::size_t),
+                                                         void (*afterFree)(const volatile void*));
 #endif
 
 namespace ovrano::fuzz {
