@@ -86,8 +86,7 @@ QImage read(QIODevice& device, const Layout& layout, EventYield& yield) {
     const auto convertRow = layout.bitsPerPixel == 16   ? convert<2>
                             : layout.bitsPerPixel == 24 ? convert<3>
                                                         : convert<4>;
-    QImage image =
-        newCanvas(layout.size(), masks[3] == 0 ? QImage::Format_RGB32 : QImage::Format_ARGB32, yield);
+    QImage image = bareCanvas(layout.size(), masks[3] == 0 ? QImage::Format_RGB32 : QImage::Format_ARGB32);
     std::vector<uchar> row(static_cast<std::size_t>((layout.width * layout.bitsPerPixel + 31) / 32 * 4));
     const auto stride = static_cast<qint64>(row.size());
     device.seek(layout.pixelOffset);

@@ -220,11 +220,11 @@ void Surface::Line(QPointF from, QPointF to, Colour colour, BoxStyle style) {
     const QRect box(QPoint(std::min(a.x(), b.x()), std::min(a.y(), b.y())),
                     QPoint(std::max(a.x(), b.x()), std::max(a.y(), b.y())));
     const Pen pen{box.topLeft(), colour, m_drawMode, m_drawStyle};
-    settle();
     if (style == BoxStyle::Filled) {
         editImage(box, [&](Raster& image, const QRect&) { draw(image, box, pen); });
         return;
     }
+    settle();
     QRegion touched;
     for (const QRect& part : outlineOf(box)) {
         const QRect inside = part & m_image.rect();

@@ -79,8 +79,6 @@ public:
     QString folder() const { return m_folder->path(); }
     QString path(const QString& name) const { return folder() + QLatin1Char('/') + name; }
     QString target() const { return path(m_format.name); }
-    const Format& format() const { return m_format; }
-    WorkPicture& work() { return m_work; }
     /// What an undisturbed save writes.
     const QByteArray& whole() const { return m_whole; }
 

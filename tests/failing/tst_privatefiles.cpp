@@ -24,8 +24,8 @@ private Q_SLOTS:
     void linkUnderATemporaryName();
     void linkUnderTheHiddenName_data() { everyFormat(); }
     void linkUnderTheHiddenName();
-    void fileUnderTheNameToSetAsideTo();
-    void fileUnderTheNameToPutBackTo();
+    void fileUnderTheNameToRenameTo_data();
+    void fileUnderTheNameToRenameTo();
     void textDialogsTemporary();
 };
 
@@ -166,35 +166,31 @@ void PrivateFilesTest::linkUnderTheHiddenName() {
     QCOMPARE(saving.brokenPromises(true), QString());
 }
 
-/// Another program takes the free name a moment after it was found to be free.
-void PrivateFilesTest::fileUnderTheNameToSetAsideTo() {
-    Saving saving(formats()[2]);
-    saving.prepare();
-    {
-        const WatchedFolder watched(saving.folder().toStdString(), [&](const Step& step, std::size_t) {
-            if (step.call == Call::Rename && step.path == saving.path("Temp.bmp").toStdString())
-                put(saving.path("Temp (1).bmp"), "another's");
-            return Outcome{};
-        });
-        QCOMPARE(saving.save(), QString());
-    }
-    QCOMPARE(contentOf(saving.path("Temp (1).bmp")), QByteArray("another's"));
-    QCOMPARE(contentOf(saving.path("Temp.bmp")), Saving::usersBmp());
+void PrivateFilesTest::fileUnderTheNameToRenameTo_data() {
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::newRow("set aside") << "Temp.bmp"
+                               << "Temp (1).bmp";
+    QTest::newRow("put back") << "Temp (1).bmp"
+                              << "Temp.bmp";
 }
 
-void PrivateFilesTest::fileUnderTheNameToPutBackTo() {
+/// Another program takes the free name a moment after it was found to be free.
+void PrivateFilesTest::fileUnderTheNameToRenameTo() {
+    QFETCH(QString, from);
+    QFETCH(QString, to);
     Saving saving(formats()[2]);
     saving.prepare();
     {
         const WatchedFolder watched(saving.folder().toStdString(), [&](const Step& step, std::size_t) {
-            if (step.call == Call::Rename && step.path == saving.path("Temp (1).bmp").toStdString())
-                put(saving.path("Temp.bmp"), "another's");
+            if (step.call == Call::Rename && step.path == saving.path(from).toStdString())
+                put(saving.path(to), "another's");
             return Outcome{};
         });
         QCOMPARE(saving.save(), QString());
     }
-    QCOMPARE(contentOf(saving.path("Temp.bmp")), QByteArray("another's"));
-    QCOMPARE(contentOf(saving.path("Temp (1).bmp")), Saving::usersBmp());
+    QCOMPARE(contentOf(saving.path("Temp (1).bmp")), to == "Temp.bmp" ? Saving::usersBmp() : "another's");
+    QCOMPARE(contentOf(saving.path("Temp.bmp")), to == "Temp.bmp" ? "another's" : Saving::usersBmp());
 }
 
 void PrivateFilesTest::textDialogsTemporary() {

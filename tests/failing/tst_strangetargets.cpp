@@ -69,6 +69,13 @@ QString otherDisk(const Saving& saving) {
     return QString();
 }
 
+/// The target is a link to an old picture, "real", that is in another folder.
+void linkTarget(Saving& saving, const QTemporaryDir& there) {
+    saving.prepare();
+    QFile::remove(saving.target());
+    link(put(there.filePath("real"), Saving::oldPicture()), saving.target());
+}
+
 } // namespace
 
 void StrangeTargetsTest::noFile_data() {
@@ -110,9 +117,7 @@ void StrangeTargetsTest::linkToAnotherDisk() {
     if (other.isEmpty())
         QSKIP("there is no second disk on this machine");
     const QTemporaryDir there(other + "/ovrano-failing-XXXXXX");
-    saving.prepare();
-    QFile::remove(saving.target());
-    link(put(there.filePath("real"), Saving::oldPicture()), saving.target());
+    linkTarget(saving, there);
     allow(there.filePath("real"), 0640);
     QCOMPARE(saving.save(), QString());
     QVERIFY(QFileInfo(saving.target()).isSymLink());
@@ -131,9 +136,7 @@ void StrangeTargetsTest::linkToAnotherDiskThatFails() {
     if (other.isEmpty())
         QSKIP("there is no second disk on this machine");
     const QTemporaryDir there(other + "/ovrano-failing-XXXXXX");
-    saving.prepare();
-    QFile::remove(saving.target());
-    link(put(there.filePath("real"), Saving::oldPicture()), saving.target());
+    linkTarget(saving, there);
     QString told;
     {
         const WatchedFolder full(there.path().toStdString(), [](const Step& step, std::size_t) {

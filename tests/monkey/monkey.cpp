@@ -113,7 +113,6 @@ void Monkey::act() {
     const auto chosen =
         std::find_if(all.begin(), all.end(), [&](const Act& act) { return (drawn -= act.weight) < 0; });
     m_watch.alive(chosen->name);
-    ++m_done[chosen->name];
     m_duringCommands += EventYield::isUnderWay() ? 1 : 0;
     --m_left;
     (this->*chosen->run)();

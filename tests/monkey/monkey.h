@@ -9,7 +9,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include <map>
+#include <memory>
+#include <vector>
 
 namespace ovrano::monkey {
 
@@ -32,8 +33,7 @@ public:
     bool programStillWorks();
 
     const Watch& watch() const { return m_watch; }
-    /// How often each act was done, and how many of all in the middle of a command.
-    const std::map<const char*, int>& done() const { return m_done; }
+    /// How many acts were done in the middle of a command.
     int duringCommands() const { return m_duringCommands; }
     int dialogsAnswered() const { return m_dialogs.answered(); }
     /// Files that the program made beside those that were saved.
@@ -76,7 +76,6 @@ private:
     QTimer m_tick;
     int m_left = 0; // acts
     int m_duringCommands = 0;
-    std::map<const char*, int> m_done;
 };
 
 } // namespace ovrano::monkey
