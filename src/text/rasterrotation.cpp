@@ -99,6 +99,7 @@ RasterRotation::RasterRotation(const Raster& source, double degrees, std::option
     , m_map(source.size(), degrees)
     , m_sampling(sampling)
     , m_margin(sampling == Sampling::Mixed ? 1 : 0)
+    , m_hasOwnAxes(m_map.hasTiesOnAxes())
     , m_patch(skipped) {}
 
 QRect RasterRotation::areaIn(QSize destination, QPoint centre) const {
@@ -114,7 +115,8 @@ void RasterRotation::paint(Raster& destination, QPoint centre) {
     for (int y = 0; y < m_source.height(); y += side)
         for (int x = 0; x < m_source.width(); x += side)
             paintPatch(destination, QRect(x, y, side, side) & m_source.rect(), centre);
-    paintAxes(destination, centre);
+    if (m_hasOwnAxes)
+        paintAxes(destination, centre);
 }
 
 /// Paints the destination pixels that read an area of the source.
@@ -132,17 +134,17 @@ void RasterRotation::paintPatch(Raster& destination, const QRect& area, QPoint c
     destination.writeTiles(box, [&](Tile& tile, const QRect& place) { paintTile(tile, place, centre); });
 }
 
-/// Paints the runs of m_rows inside a place of a tile, but for the row and the column of the centre.
+/// Paints the runs of m_rows inside a place of a tile, but for axes that are painted apart.
 void RasterRotation::paintTile(Tile& tile, const QRect& place, QPoint centre) const {
     QRgb* pixels = tile.pixels();
     for (int y = place.top(); y <= place.bottom(); ++y) {
         const Columns columns = m_rows[static_cast<std::size_t>(y - m_firstRow)];
         const int left = std::max(columns.first + centre.x(), place.left());
         const int right = std::min(columns.last + centre.x(), place.right());
-        if (y == centre.y())
+        if (m_hasOwnAxes && y == centre.y())
             continue;
         QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
-        const bool crossed = left <= centre.x() && centre.x() <= right;
+        const bool crossed = m_hasOwnAxes && left <= centre.x() && centre.x() <= right;
         paintRun(row, QPoint(left, y), (crossed ? centre.x() : right + 1) - left, centre);
         if (crossed)
             paintRun(row, QPoint(centre.x() + 1, y), right - centre.x(), centre);
@@ -169,10 +171,11 @@ void RasterRotation::paintRun(QRgb* row, QPoint at, int count, QPoint centre) co
         });
 }
 
-/// The row and the column of the centre. At multiples of 30 degrees coordinates here lie exactly between two
-/// pixels, and which one is read hangs on the last digits of the formula. The rule behind it fills the plane
-/// in quarter turns from radius and angle, the column first and the row after it, so that each of these
-/// pixels has two source points; the later one counts, or the earlier if nothing is to be copied from that.
+/// The row and the column of the centre, where coordinates lie exactly between two pixels, as at multiples of
+/// 30 degrees, so that which one is read hangs on the last digits of the formula. The rule behind it fills
+/// the plane in quarter turns from radius and angle, the column first and the row after it, so that each of
+/// these pixels has two source points; the later one counts, or the earlier if nothing is to be copied from
+/// that.
 void RasterRotation::paintAxes(Raster& destination, QPoint centre) {
     const double angle = m_map.radians();
     const double quarterOn = angle + RotationMap::Pi / 2;

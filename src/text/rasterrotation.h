@@ -43,7 +43,8 @@ private:
     const Raster& m_source;
     RotationMap m_map;
     Sampling m_sampling;
-    int m_margin; // pixels needed around those that are read
+    int m_margin;      // pixels needed around those that are read
+    bool m_hasOwnAxes; // the row and the column of the centre are painted apart, see paintAxes()
     SourcePatch m_patch;
     int m_firstRow = 0;                       // of the destination
     std::vector<RotationMap::Columns> m_rows; // from there on, the columns that read the patch

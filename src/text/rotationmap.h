@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointF>
 #include <QRect>
 #include <QSize>
 
@@ -57,6 +58,10 @@ public:
     /// What both source coordinates grow by from one column to the next.
     Point step() const { return m_step; }
 
+    /// Whether a coordinate that the row or the column of the centre reads lies so near to where pixels meet
+    /// that the last digits of a formula decide which of them it is in, as at multiples of 30 degrees.
+    bool hasTiesOnAxes() const;
+
     /// Offsets among which are all that read a part of the picture.
     QRect offsetsOf(const QRect& part) const;
     /// Those of the columns of a row of offsets that read the part.
@@ -67,6 +72,7 @@ private:
     int m_reach;
     double m_angle;
     Point m_step;
+    QPointF m_columnsPerStep; // how many columns a coordinate takes to grow by 1 in its fixed-point numbers
 };
 
 } // namespace ovrano

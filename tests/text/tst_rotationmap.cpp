@@ -48,6 +48,7 @@ private Q_SLOTS:
     void columnsAreExact();
     void reachHoldsThePicture();
     void errorStaysUnderABillionth();
+    void tiesOnAxesAreFound();
 };
 
 void TestRotationMap::exactAnglesAreExact() {
@@ -109,6 +110,14 @@ void TestRotationMap::errorStaysUnderABillionth() {
                     1e-9L);
         }
     }
+}
+
+/// Also where an angle is so near to such a one that only digits beyond the formula's own tell them apart.
+void TestRotationMap::tiesOnAxesAreFound() {
+    for (const double angle : {30.0, 60.0, 120.0, 150.0, -30.0, 240.0, 330.0, 30 + 1e-9, 60 - 1e-9})
+        QVERIFY2(RotationMap(QSize(40, 30), angle).hasTiesOnAxes(), qPrintable(QString::number(angle)));
+    for (const double angle : {0.0, 45.0, 90.0, 180.0, -90.0, 37.0, 29.9, 30.1, 359.0})
+        QVERIFY2(!RotationMap(QSize(40, 30), angle).hasTiesOnAxes(), qPrintable(QString::number(angle)));
 }
 
 QTEST_APPLESS_MAIN(TestRotationMap)
