@@ -14,8 +14,13 @@ struct Recolouring {
     bool whenEqual;
     QRgb colour;
 
-    /// The unused fourth byte of a pixel may hold anything in a picture that came from elsewhere.
-    bool meets(QRgb pixel) const { return ((pixel | 0xFF000000U) == compared) == whenEqual; }
+    /// All bits for a pixel that gets the other colour, otherwise none: as wide as a pixel, since compilers
+    /// pack truth values into bytes in loops by vectors. The unused fourth byte of a pixel may hold anything
+    /// in a picture that came from elsewhere.
+    QRgb meets(QRgb pixel) const {
+        const QRgb unlessWanted = whenEqual ? 0U : ~0U;
+        return ((pixel | 0xFF000000U) == compared ? ~0U : 0U) ^ unlessWanted;
+    }
 };
 
 /// Pixels in rows that need not lie close to each other.
@@ -34,14 +39,16 @@ Rows<const QRgb> rowsOf(const QImage& tile, QPoint corner = QPoint(0, 0)) {
 OVRANO_VECTORISED bool rowHas(const QRgb* row, int count, Recolouring wanted) {
     QRgb found = 0;
     for (int x = 0; x < count; ++x)
-        found |= wanted.meets(row[x]) ? 1U : 0U;
+        found |= wanted.meets(row[x]);
     return found != 0;
 }
 
 OVRANO_VECTORISED void recolourRows(Rows<QRgb> out, Rows<const QRgb> in, QSize size, Recolouring wanted) {
     for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x)
-            out.first[x] = wanted.meets(in.first[x]) ? wanted.colour : in.first[x];
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb change = wanted.meets(in.first[x]);
+            out.first[x] = (in.first[x] & ~change) | (wanted.colour & change);
+        }
         out.first += out.pixelsPerRow;
         in.first += in.pixelsPerRow;
     }
