@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <utility>
 
 namespace ovrano {
 
@@ -17,14 +18,14 @@ constexpr std::int16_t ToLowerLeft = 9;
 constexpr std::int16_t ToBelow = 15;
 constexpr std::int16_t ToLowerRight = 3;
 
-// So many pixels the lower of two rows is behind the upper one: what its next pixel gets from above is
-// complete once the pixel on the upper right is mapped; with one more, neither waits for the other.
+// So many pixels a row is behind the one above it: what its next pixel gets from above is complete once the
+// pixel on the upper right is mapped; with one more, neither waits for the other.
 constexpr std::size_t Lag = 2;
 
 } // namespace
 
 ErrorDiffusion::ErrorDiffusion(const Palette& palette, int width)
-    : m_palette(palette)
+    : m_paletteColours(palette)
     , m_table(palette)
     , m_fromAbove(static_cast<std::size_t>(width) + 1) {
     for (const QRgb colour : palette)
@@ -32,34 +33,44 @@ ErrorDiffusion::ErrorDiffusion(const Palette& palette, int width)
 }
 
 void ErrorDiffusion::map(const QRgb* row, std::uint8_t* indices) {
-    Trail trail;
-    mapPart(row, indices, 0, m_fromAbove.size() - 1, trail);
-    passOn(Channels{}, m_fromAbove.back(), trail);
+    mapTogether(std::array{row}, std::array{indices});
 }
 
-void ErrorDiffusion::map(const QRgb* upper, const QRgb* lower, std::uint8_t* upperIndices,
-                         std::uint8_t* lowerIndices) {
+void ErrorDiffusion::map(const std::array<const QRgb*, RowsAtOnce>& rows,
+                         const std::array<std::uint8_t*, RowsAtOnce>& indices) {
+    mapTogether(rows, indices);
+}
+
+template<std::size_t Count>
+void ErrorDiffusion::mapTogether(const std::array<const QRgb*, Count>& rows,
+                                 const std::array<std::uint8_t*, Count>& indices) {
     const std::size_t width = m_fromAbove.size() - 1;
-    const std::size_t lag = std::min(Lag, width);
-    Channels* const fromAbove = m_fromAbove.data();
-    Trail upperTrail;
-    Trail lowerTrail;
-    mapPart(upper, upperIndices, 0, lag, upperTrail);
-    for (std::size_t x = lag; x < width; ++x) {
-        const std::size_t behind = x - lag;
-        upperIndices[x] = mapPixel(upper[x], fromAbove[x + 1], fromAbove[x], upperTrail);
-        lowerIndices[behind] = mapPixel(lower[behind], fromAbove[behind + 1], fromAbove[behind], lowerTrail);
-    }
-    passOn(Channels{}, fromAbove[width], upperTrail);
-    mapPart(lower, lowerIndices, width - lag, width, lowerTrail);
-    passOn(Channels{}, fromAbove[width], lowerTrail);
-}
-
-/// Maps the pixels from `begin` to before `end`.
-inline void ErrorDiffusion::mapPart(const QRgb* row, std::uint8_t* indices, std::size_t begin,
-                                    std::size_t end, Trail& trail) {
-    for (std::size_t x = begin; x < end; ++x)
-        indices[x] = mapPixel(row[x], m_fromAbove[x + 1], m_fromAbove[x], trail);
+    constexpr std::size_t LastLag = Lag * (Count - 1);
+    std::array<Trail, Count> trails;
+    const auto mapOne = [&](std::size_t i, std::size_t x) {
+        indices[i][x] = mapPixel(rows[i][x], m_fromAbove[x + 1], m_fromAbove[x], trails[i]);
+    };
+    const auto mapAll = [&]<std::size_t... I>(std::size_t step, std::index_sequence<I...>) {
+        (mapOne(I, step - I * Lag), ...);
+    };
+    // At the beginning and the end not all rows have a pixel; after its last one, each completes what goes
+    // to the pixel below that.
+    const auto mapThoseThere = [&](std::size_t step) {
+        for (std::size_t i = 0; i < Count && step >= i * Lag; ++i) {
+            const std::size_t x = step - i * Lag;
+            if (x < width)
+                mapOne(i, x);
+            else if (x == width)
+                passOn(Channels{}, m_fromAbove[width], trails[i]);
+        }
+    };
+    std::size_t step = 0;
+    for (; step < LastLag; ++step)
+        mapThoseThere(step);
+    for (; step < width; ++step)
+        mapAll(step, std::make_index_sequence<Count>());
+    for (; step <= width + LastLag; ++step)
+        mapThoseThere(step);
 }
 
 inline ErrorDiffusion::Channels ErrorDiffusion::toChannels(QRgb colour) {
@@ -74,15 +85,15 @@ inline QRgb ErrorDiffusion::toColour(Channels channels) {
 
 inline std::uint8_t ErrorDiffusion::mapPixel(QRgb pixel, const Channels& above, Channels& lowerLeft,
                                              Trail& trail) {
-    Channels wanted = toChannels(pixel);
-    std::uint8_t index = m_table(pixel);
-    if (m_palette[index] != pixel) {
-        // At most 255 * (64 + 48) + 32, which 16 bits hold.
-        wanted = (wanted * 64 + 32 + above + ToRight * trail.last) >> 6;
-        wanted = wanted < 0 ? Channels{} : wanted;
-        wanted = wanted > 255 ? Channels{} + 255 : wanted;
-        index = m_table(toColour(wanted));
-    }
+    const Channels plain = toChannels(pixel);
+    // At most 255 * (64 + 48) + 32, which 16 bits hold.
+    Channels wanted = (plain * 64 + 32 + above + ToRight * trail.last) >> 6;
+    wanted = wanted < 0 ? Channels{} : wanted;
+    wanted = wanted > 255 ? Channels{} + 255 : wanted;
+    // Without a branch: in skies and portraits one would be guessed wrong at every tenth pixel.
+    const Channels isKept = Channels{} + static_cast<std::int16_t>(-int{m_paletteColours.contains(pixel)});
+    wanted = (wanted & ~isKept) | (plain & isKept);
+    const std::uint8_t index = m_table(toColour(wanted));
     passOn(wanted - m_channels[index], lowerLeft, trail);
     return index;
 }

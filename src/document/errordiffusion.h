@@ -1,10 +1,12 @@
 #pragma once
 
+#include "document/colourset.h"
 #include "document/palette.h"
 #include "document/palettetable.h"
 
 #include <QRgb>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -33,9 +35,11 @@ public:
     /// Maps the next row.
     void map(const QRgb* row, std::uint8_t* indices);
 
-    /// Maps the next two rows at once. A pixel must wait for the one before it; while it does, one of the
-    /// other row is mapped, which takes about two thirds of the time.
-    void map(const QRgb* upper, const QRgb* lower, std::uint8_t* upperIndices, std::uint8_t* lowerIndices);
+    /// Maps the next rows at once. A pixel must wait for the one before it; while it does, pixels of the
+    /// other rows are mapped, which takes about half of the time.
+    static constexpr std::size_t RowsAtOnce = 4;
+    void map(const std::array<const QRgb*, RowsAtOnce>& rows,
+             const std::array<std::uint8_t*, RowsAtOnce>& indices);
 
 private:
     /// The channels of a colour, of an error, or of a sum of errors weighted in 64ths, blue first. All of
@@ -49,12 +53,14 @@ private:
     };
 
     std::uint8_t mapPixel(QRgb pixel, const Channels& above, Channels& lowerLeft, Trail& trail);
-    void mapPart(const QRgb* row, std::uint8_t* indices, std::size_t begin, std::size_t end, Trail& trail);
+    template<std::size_t Count>
+    void mapTogether(const std::array<const QRgb*, Count>& rows,
+                     const std::array<std::uint8_t*, Count>& indices);
     static Channels toChannels(QRgb colour);
     static QRgb toColour(Channels channels);
     static void passOn(Channels error, Channels& lowerLeft, Trail& trail);
 
-    const Palette& m_palette;
+    ColourSet m_paletteColours;
     std::vector<Channels> m_channels; // of the palette's colours
     PaletteTable m_table;
     // What pixels get from the row above, from the pixel left of the first on. While a row is mapped, what

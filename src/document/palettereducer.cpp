@@ -77,14 +77,25 @@ IndexedPicture mapByNearest(PixelRows& rows, Palette palette) {
 IndexedPicture mapWithDiffusion(PixelRows& rows, Palette palette) {
     IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
     ErrorDiffusion diffusion(picture.palette, rows.size().width());
-    std::vector<QRgb> upper; // a row that waits for the one below
+    constexpr std::size_t RowsAtOnce = ErrorDiffusion::RowsAtOnce;
+    std::array<std::vector<QRgb>, RowsAtOnce> waiting; // rows for those below them
+    const int inGroups = rows.size().height() / int{RowsAtOnce} * int{RowsAtOnce};
     forEachRow(rows, [&](int y, const QRgb* row) {
-        if (y % 2 == 1)
-            diffusion.map(upper.data(), row, picture.row(y - 1), picture.row(y));
-        else if (y + 1 < rows.size().height())
-            upper.assign(row, row + rows.size().width());
-        else
+        if (y >= inGroups) {
             diffusion.map(row, picture.row(y));
+            return;
+        }
+        const std::size_t place = static_cast<std::size_t>(y) % RowsAtOnce;
+        waiting[place].assign(row, row + rows.size().width());
+        if (place < RowsAtOnce - 1)
+            return;
+        std::array<const QRgb*, RowsAtOnce> group;
+        std::array<std::uint8_t*, RowsAtOnce> indices;
+        for (std::size_t i = 0; i < RowsAtOnce; ++i) {
+            group[i] = waiting[i].data();
+            indices[i] = picture.row(y - static_cast<int>(place - i));
+        }
+        diffusion.map(group, indices);
     });
     return picture;
 }

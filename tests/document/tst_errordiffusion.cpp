@@ -13,8 +13,8 @@ class ErrorDiffusionTest : public QObject {
 private Q_SLOTS:
     void sameAsTheSlowWay_data();
     void sameAsTheSlowWay();
-    void twoRowsAtOnceAreTheSame_data();
-    void twoRowsAtOnceAreTheSame();
+    void rowsAtOnceAreTheSame_data();
+    void rowsAtOnceAreTheSame();
     void areaHasTheRightColourOnTheAverage_data();
     void areaHasTheRightColourOnTheAverage();
     void nearlyRightAreaStaysClean();
@@ -37,14 +37,20 @@ IndexedPicture diffused(const QImage& image, const Palette& palette) {
     return picture;
 }
 
-/// The same, two rows at once. The height must be even.
-IndexedPicture diffusedInPairs(const QImage& image, const Palette& palette) {
+/// The same, as many rows at once as go together. The height must be a multiple of that.
+IndexedPicture diffusedInGroups(const QImage& image, const Palette& palette) {
     IndexedPicture picture{image.size(), palette, {}};
     picture.indices.resize(pixelsOf(image));
-    ImageRows rows(image);
     ErrorDiffusion diffusion(picture.palette, image.width());
-    for (int y = 0; y < image.height(); y += 2)
-        diffusion.map(rows.row(y), rows.row(y + 1), picture.row(y), picture.row(y + 1));
+    for (int y = 0; y < image.height();) {
+        std::array<const QRgb*, ErrorDiffusion::RowsAtOnce> rows;
+        std::array<std::uint8_t*, ErrorDiffusion::RowsAtOnce> indices;
+        for (std::size_t i = 0; i < rows.size(); ++i, ++y) {
+            rows[i] = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+            indices[i] = picture.row(y);
+        }
+        diffusion.map(rows, indices);
+    }
     return picture;
 }
 
@@ -119,16 +125,16 @@ void ErrorDiffusionTest::sameAsTheSlowWay() {
     QCOMPARE(toImage(diffused(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
 }
 
-void ErrorDiffusionTest::twoRowsAtOnceAreTheSame_data() {
+void ErrorDiffusionTest::rowsAtOnceAreTheSame_data() {
     QTest::addColumn<int>("width");
-    for (const int width : {1, 2, 3, 4, 31, 120})
+    for (const int width : {1, 2, 3, 4, 5, 6, 7, 8, 31, 120})
         QTest::addRow("%d", width) << width;
 }
 
-void ErrorDiffusionTest::twoRowsAtOnceAreTheSame() {
+void ErrorDiffusionTest::rowsAtOnceAreTheSame() {
     QFETCH(int, width);
     const QImage image = photo(QSize(width, 40), 60);
-    QCOMPARE(toImage(diffusedInPairs(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
+    QCOMPARE(toImage(diffusedInGroups(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
 }
 
 void ErrorDiffusionTest::areaHasTheRightColourOnTheAverage_data() {

@@ -1,3 +1,4 @@
+#include "document/errordiffusion.h"
 #include "document/filetools.h"
 #include "document/palettereducer.h"
 #include "document/palettetools.h"
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void paperAndLettersOnAPhotoStayClean();
     void paperThatSharesItsPaletteColourKeepsIt();
     void errorOfTheRowsComesThrough();
+    void diffusionTakesRowsOneAfterTheOther_data();
+    void diffusionTakesRowsOneAfterTheOther();
 };
 
 namespace {
@@ -345,6 +348,24 @@ void PaletteReducerTest::paperThatSharesItsPaletteColourKeepsIt() {
 void PaletteReducerTest::errorOfTheRowsComesThrough() {
     BrokenRows rows(photo(QSize(20, 10)));
     QCOMPARE(errorOf([&] { reduceTo256(rows); }), error::DeviceIo);
+}
+
+void PaletteReducerTest::diffusionTakesRowsOneAfterTheOther_data() {
+    QTest::addColumn<int>("height");
+    for (const int height : {1, 2, 3, 4, 5, 60, 61, 62, 63})
+        QTest::addRow("%d", height) << height;
+}
+
+/// However many of them are mapped together.
+void PaletteReducerTest::diffusionTakesRowsOneAfterTheOther() {
+    QFETCH(int, height);
+    const QImage image = photo(QSize(700, height), 60);
+    const IndexedPicture together = reduce(image);
+    IndexedPicture apart{image.size(), together.palette, std::vector<std::uint8_t>(together.indices.size())};
+    ErrorDiffusion diffusion(apart.palette, image.width());
+    for (int y = 0; y < height; ++y)
+        diffusion.map(reinterpret_cast<const QRgb*>(image.constScanLine(y)), apart.row(y));
+    QVERIFY(together.indices == apart.indices);
 }
 
 QTEST_MAIN(PaletteReducerTest)
