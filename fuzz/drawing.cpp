@@ -36,7 +36,8 @@ bool isLargeDrawing(const QByteArray& svg) {
         EventYield yield;
         const SelfContainedSvg drawing = selfContainedSvg(svg, yield);
         const QSize size = QSvgRenderer(drawing.svg).defaultSize();
-        return qMax<qint64>(drawing.drawnElements, 10) * size.width() * size.height() > MostElementPixels;
+        const qint64 pixels = size.height() * qMax<qint64>(size.width(), size.height() / 8);
+        return qMax<qint64>(drawing.drawnElements, 10) * pixels > MostElementPixels;
     } catch (const RuntimeError&) {
         return false; // is refused at once
     }

@@ -112,6 +112,7 @@ private Q_SLOTS:
     void damaged();
     void tooLarge_data();
     void tooLarge();
+    void tooTallForItsElements();
     void windowRepaintsWhileTextIsRead();
 };
 
@@ -344,6 +345,17 @@ void VectorPictureTest::tooLarge_data() {
 void VectorPictureTest::tooLarge() {
     QFETCH(QByteArray, size);
     QCOMPARE(errorOf([&] { renderVectorPicture(svg("", size)); }), error::OutOfMemory);
+}
+
+/// Few pixels, but drawing takes a time that grows with the square of the height.
+void VectorPictureTest::tooTallForItsElements() {
+    const auto tall = [](int height, int elements) {
+        return svg(QByteArray("<g/>").repeated(elements),
+                   "width='4' height='" + QByteArray::number(height) + "'");
+    };
+    QCOMPARE(errorOf([&] { renderVectorPicture(tall(1'000'000, 1)); }), error::InvalidPicture);
+    QCOMPARE(errorOf([&] { renderVectorPicture(tall(100'000, 100)); }), error::InvalidPicture);
+    QVERIFY(isBlank(renderVectorPicture(tall(100'000, 70))));
 }
 
 void VectorPictureTest::windowRepaintsWhileTextIsRead() {
