@@ -1,6 +1,8 @@
 #include "drawing.h"
 
 #include "bodies.h"
+#include "document/drawingbudget.h"
+#include "document/picturereader.h"
 #include "document/selfcontainedsvg.h"
 #include "document/vectorpicture.h"
 #include "feedback.h"
@@ -36,8 +38,8 @@ bool isLargeDrawing(const QByteArray& svg) {
         EventYield yield;
         const SelfContainedSvg drawing = selfContainedSvg(svg, yield);
         const QSize size = QSvgRenderer(drawing.svg).defaultSize();
-        const qint64 pixels = size.height() * qMax<qint64>(size.width(), size.height() / 8);
-        return qMax<qint64>(drawing.drawnElements, 10) * pixels > MostElementPixels;
+        requireAcceptable(size);
+        return qMax<qint64>(drawing.drawnElements, 10) * DrawingBudget::costOf(size) > MostElementPixels;
     } catch (const RuntimeError&) {
         return false; // is refused at once
     }

@@ -13,11 +13,12 @@ namespace ovrano {
 /// it.
 ///
 /// Multiplicative hashing (Knuth, The Art of Computer Programming 3, 6.4) into a table so large that a factor
-/// by which no two of the colours meet is found after some fifty trials.
+/// by which no two of the colours meet is found after some sixty trials.
 class ColourSet {
 public:
     explicit ColourSet(std::span<const QRgb> colours);
 
+    /// To be asked about opaque colours.
     bool contains(QRgb colour) const { return m_slots[slotOf(colour)] == colour; }
 
 private:

@@ -16,6 +16,10 @@ void requireAtMost(qint64 limit, qint64 value) {
 
 } // namespace
 
+qint64 DrawingBudget::costOf(QSize canvas) {
+    return canvas.height() * std::max<qint64>(canvas.width(), canvas.height() / 8);
+}
+
 void DrawingBudget::requireAffordable(qint64 elements, qint64 pixels) {
     requireAtMost(MostElementPixels, elements * pixels);
 }

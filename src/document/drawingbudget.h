@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
@@ -32,8 +33,11 @@ public:
     /// Throws RuntimeError 481 when these are too many or draw one another in too long a chain, or a circle.
     qint64 drawnElements() const;
 
-    /// Throws RuntimeError 481 when drawing so many elements on a canvas of so many pixels takes too long, as
-    /// each may cover all of it.
+    /// What an element costs that covers all of a canvas, in pixels: as many as there are, or an eighth of
+    /// the square of the height where the canvas is narrow. The painter takes some 40 rows at a time, each
+    /// time follows an outline through all rows, and one such row takes as long as five pixels.
+    static qint64 costOf(QSize canvas);
+    /// Throws RuntimeError 481 when drawing so many elements takes too long if each costs so many pixels.
     static void requireAffordable(qint64 elements, qint64 pixels);
 
 private:

@@ -35,9 +35,10 @@ public:
     /// Maps the next row.
     void map(const QRgb* row, std::uint8_t* indices);
 
+    static constexpr std::size_t RowsAtOnce = 4;
+
     /// Maps the next rows at once. A pixel must wait for the one before it; while it does, pixels of the
     /// other rows are mapped, which takes about half of the time.
-    static constexpr std::size_t RowsAtOnce = 4;
     void map(const std::array<const QRgb*, RowsAtOnce>& rows,
              const std::array<std::uint8_t*, RowsAtOnce>& indices);
 

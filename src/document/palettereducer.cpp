@@ -9,6 +9,7 @@
 #include "document/variancecut.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ovrano {
 
@@ -78,7 +79,7 @@ IndexedPicture mapWithDiffusion(PixelRows& rows, Palette palette) {
     IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
     ErrorDiffusion diffusion(picture.palette, rows.size().width());
     constexpr std::size_t RowsAtOnce = ErrorDiffusion::RowsAtOnce;
-    std::array<std::vector<QRgb>, RowsAtOnce> waiting; // rows for those below them
+    std::array<std::vector<QRgb>, RowsAtOnce> group; // its rows, of which only one is there at a time
     const int inGroups = rows.size().height() / int{RowsAtOnce} * int{RowsAtOnce};
     forEachRow(rows, [&](int y, const QRgb* row) {
         if (y >= inGroups) {
@@ -86,16 +87,16 @@ IndexedPicture mapWithDiffusion(PixelRows& rows, Palette palette) {
             return;
         }
         const std::size_t place = static_cast<std::size_t>(y) % RowsAtOnce;
-        waiting[place].assign(row, row + rows.size().width());
+        group[place].assign(row, row + rows.size().width());
         if (place < RowsAtOnce - 1)
             return;
-        std::array<const QRgb*, RowsAtOnce> group;
+        std::array<const QRgb*, RowsAtOnce> together;
         std::array<std::uint8_t*, RowsAtOnce> indices;
         for (std::size_t i = 0; i < RowsAtOnce; ++i) {
-            group[i] = waiting[i].data();
+            together[i] = group[i].data();
             indices[i] = picture.row(y - static_cast<int>(place - i));
         }
-        diffusion.map(group, indices);
+        diffusion.map(together, indices);
     });
     return picture;
 }

@@ -20,32 +20,9 @@ namespace ovrano {
 namespace {
 
 /// Drawn at once; a larger picture is drawn in bands, so that the window repaints in between. A band of many
-/// rows takes long, too, however narrow it is: see Bands::cost().
+/// rows takes long, too, however narrow it is: see DrawingBudget::costOf().
 constexpr int BandPixels = 1 << 21;
 constexpr int BandRows = 2048;
-
-/// The height of a canvas of some width divided into bands.
-class Bands {
-public:
-    explicit Bands(QSize canvas)
-        : m_canvas(canvas)
-        , m_rows(std::clamp(BandPixels / canvas.width(), 1, BandRows)) {}
-
-    int rows() const { return m_rows; }
-
-    /// What an element costs that covers all of the canvas, in pixels: the canvas for its pixels and for its
-    /// bands, each of which goes through all elements again, but where it is narrow the square of its height.
-    /// The painter takes 40 rows or so at a time, and each time follows an outline through all of its rows,
-    /// eight in the time of a pixel.
-    qint64 cost() const {
-        constexpr int RowsPerPixel = 8;
-        return m_canvas.height() * std::max<qint64>(m_canvas.width(), m_canvas.height() / RowsPerPixel);
-    }
-
-private:
-    QSize m_canvas;
-    int m_rows;
-};
 
 void drawBand(QSvgRenderer& renderer, QImage& picture, int top, int rows) {
     QImage band(picture.scanLine(top), picture.width(), rows, picture.bytesPerLine(), picture.format());
@@ -75,11 +52,11 @@ Raster renderVectorPicture(const QByteArray& svg) {
     const qint64 elements = loadDrawing(renderer, svg, yield);
     const QSize size = renderer.defaultSize();
     requireAcceptable(size);
-    const Bands bands(size);
-    DrawingBudget::requireAffordable(elements, bands.cost());
+    DrawingBudget::requireAffordable(elements, DrawingBudget::costOf(size));
+    const int rows = std::clamp(BandPixels / size.width(), 1, BandRows);
     QImage picture = newCanvas(size, QImage::Format_RGB32, yield);
-    for (int top = 0; top < size.height(); top += bands.rows()) {
-        drawBand(renderer, picture, top, std::min(bands.rows(), size.height() - top));
+    for (int top = 0; top < size.height(); top += rows) {
+        drawBand(renderer, picture, top, std::min(rows, size.height() - top));
         yield();
     }
     return Raster::fromImage(picture);

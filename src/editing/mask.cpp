@@ -18,8 +18,8 @@ struct Recolouring {
     /// pack truth values into bytes in loops by vectors. The unused fourth byte of a pixel may hold anything
     /// in a picture that came from elsewhere.
     QRgb meets(QRgb pixel) const {
-        const QRgb unlessWanted = whenEqual ? 0U : ~0U;
-        return ((pixel | 0xFF000000U) == compared ? ~0U : 0U) ^ unlessWanted;
+        const QRgb inverted = whenEqual ? 0U : ~0U;
+        return ((pixel | 0xFF000000U) == compared ? ~0U : 0U) ^ inverted;
     }
 };
 

@@ -26,8 +26,8 @@ double inverse(Fixed step) {
     return step == 0 ? 0 : 1 / static_cast<double>(step);
 }
 
-/// Whether one of the pixels that lie `step` from each other, the first in the middle of a source pixel,
-/// reads a point nearer than a millionth to where source pixels meet: far more than the formulas differ by.
+/// Whether one of so many source coordinates, `step` apart from the middle of a pixel on, comes within a
+/// millionth of a border between pixels: the formulas differ by far less, at up to a million million degrees.
 bool hasTies(Fixed step, int count) {
     constexpr Fixed Near = RotationMap::One >> 20;
     Fixed at = RotationMap::One / 2;
@@ -37,11 +37,11 @@ bool hasTies(Fixed step, int count) {
     return false;
 }
 
-/// The smallest k with start + k × step ≥ bound, cut to ±Limit, where no column is; step is positive, and
-/// perStep is 1 / step, since this is asked for often and dividing takes long.
-int firstFrom(Fixed start, Fixed step, double perStep, Fixed bound) {
+/// The smallest k with start + k × step ≥ bound, cut to ±Limit, where no column is. step is positive, perUnit
+/// is 1 / step: this is asked for often, and dividing takes long.
+int firstFrom(Fixed start, Fixed step, double perUnit, Fixed bound) {
     constexpr double Limit = 1 << 16;
-    const double estimate = static_cast<double>(bound - start) * perStep;
+    const double estimate = static_cast<double>(bound - start) * perUnit;
     // Cut to a whole number, which may be one off besides; whether a column is in or out must be exact.
     int k = static_cast<int>(std::clamp(estimate, -Limit, Limit)) - 1;
     while (k < Limit && start + k * step < bound)
@@ -50,19 +50,19 @@ int firstFrom(Fixed start, Fixed step, double perStep, Fixed bound) {
 }
 
 /// Leaves the columns k with 0 ≤ start + k × step < end.
-void clip(RotationMap::Columns& columns, Fixed start, Fixed step, double perStep, Fixed end) {
+void clip(RotationMap::Columns& columns, Fixed start, Fixed step, double perUnit, Fixed end) {
     if (step < 0) {
         start = end - 1 - start;
         step = -step;
-        perStep = -perStep;
+        perUnit = -perUnit;
     }
     if (step == 0) {
         if (start < 0 || start >= end)
             columns.last = columns.first - 1;
         return;
     }
-    columns.first = std::max(columns.first, firstFrom(start, step, perStep, 0));
-    columns.last = std::min(columns.last, firstFrom(start, step, perStep, end) - 1);
+    columns.first = std::max(columns.first, firstFrom(start, step, perUnit, 0));
+    columns.last = std::min(columns.last, firstFrom(start, step, perUnit, end) - 1);
 }
 
 } // namespace
@@ -76,7 +76,7 @@ RotationMap::RotationMap(QSize picture, double degrees)
     , m_reach(toInteger16(diagonalAndMargin(picture.width(), picture.height())) / 2)
     , m_angle(toRadians(degrees))
     , m_step{toFixed(std::cos(m_angle)), toFixed(std::sin(m_angle))}
-    , m_columnsPerStep(inverse(m_step.x), inverse(m_step.y)) {}
+    , m_columnsPerUnit(inverse(m_step.x), inverse(m_step.y)) {}
 
 /// The sines and cosines of the four arms of the cross differ in their signs alone, and points on either side
 /// of a middle lie as far from where pixels meet.
@@ -99,8 +99,8 @@ QRect RotationMap::offsetsOf(const QRect& part) const {
 
 RotationMap::Columns RotationMap::columnsOf(const QRect& part, int row, Columns among) const {
     const Point start = sourceOf(QPoint(0, row));
-    clip(among, start.x - part.left() * One, m_step.x, m_columnsPerStep.x(), part.width() * One);
-    clip(among, start.y - part.top() * One, m_step.y, m_columnsPerStep.y(), part.height() * One);
+    clip(among, start.x - part.left() * One, m_step.x, m_columnsPerUnit.x(), part.width() * One);
+    clip(among, start.y - part.top() * One, m_step.y, m_columnsPerUnit.y(), part.height() * One);
     return among;
 }
 

@@ -72,7 +72,7 @@ private:
     int m_reach;
     double m_angle;
     Point m_step;
-    QPointF m_columnsPerStep; // how many columns a coordinate takes to grow by 1 in its fixed-point numbers
+    QPointF m_columnsPerUnit; // how many columns a coordinate takes to grow by 1 in its fixed-point numbers
 };
 
 } // namespace ovrano

@@ -4,6 +4,7 @@
 
 #include <random>
 #include <set>
+#include <vector>
 
 using namespace ovrano;
 

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void sameAsTheSlowWay();
     void rowsAtOnceAreTheSame_data();
     void rowsAtOnceAreTheSame();
+    void extremesAreTheSame_data();
+    void extremesAreTheSame();
     void areaHasTheRightColourOnTheAverage_data();
     void areaHasTheRightColourOnTheAverage();
     void nearlyRightAreaStaysClean();
@@ -135,6 +137,33 @@ void ErrorDiffusionTest::rowsAtOnceAreTheSame() {
     QFETCH(int, width);
     const QImage image = photo(QSize(width, 40), 60);
     QCOMPARE(toImage(diffusedInGroups(image, SomeColours)), SlowDiffusion(image, SomeColours).map());
+}
+
+void ErrorDiffusionTest::extremesAreTheSame_data() {
+    constexpr QRgb Black = qRgb(0, 0, 0);
+    constexpr QRgb White = qRgb(255, 255, 255);
+    QTest::addColumn<Palette>("palette");
+    QTest::newRow("black") << Palette{Black};
+    QTest::newRow("white") << Palette{White};
+    QTest::newRow("both") << Palette{Black, White};
+    QTest::newRow("greys, each twice") << [] {
+        Palette greys;
+        for (int i = 0; i < 256; ++i)
+            greys.push_back(qRgb(i / 2 * 2, i / 2 * 2, i / 2 * 2));
+        return greys;
+    }();
+}
+
+/// With pixels that are as far from the palette as can be, and among them some that are in it.
+void ErrorDiffusionTest::extremesAreTheSame() {
+    QFETCH(Palette, palette);
+    const QImage image = painted(QSize(61, 40), [&](int x, int y) {
+        const int place = x * 7 + y * 13;
+        if (place % 3 == 0)
+            return palette.at(static_cast<std::size_t>(place) % palette.size());
+        return qRgb(place & 1 ? 255 : 0, place & 2 ? 255 : 0, place & 4 ? 255 : 0);
+    });
+    QCOMPARE(toImage(diffusedInGroups(image, palette)), SlowDiffusion(image, palette).map());
 }
 
 void ErrorDiffusionTest::areaHasTheRightColourOnTheAverage_data() {

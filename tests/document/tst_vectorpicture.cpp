@@ -92,6 +92,7 @@ private Q_SLOTS:
     void withoutSize();
     void drawnOverWhite();
     void edgesAreSoft();
+    void bandsDoNotShow_data();
     void bandsDoNotShow();
     void embeddedPicture_data();
     void embeddedPicture();
@@ -161,11 +162,20 @@ void VectorPictureTest::edgesAreSoft() {
     QVERIFY(qAbs(redOf(picture.pixel(10, 9)) - 128) < 16);
 }
 
+void VectorPictureTest::bandsDoNotShow_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("three bands of many pixels") << QSize(1200, 3700);
+    QTest::newRow("three bands of many rows") << QSize(300, 5000);
+}
+
 void VectorPictureTest::bandsDoNotShow() {
-    const QSize size(1200, 3700); // three bands
-    const QByteArray picture = svg("<circle cx='600' cy='1800' r='590' fill='#2468ac'/>"
-                                   "<path d='M 0 0 L 1200 3700' stroke='red' stroke-width='31'/>",
-                                   "width='1200' height='3700'");
+    QFETCH(QSize, size);
+    const QByteArray width = QByteArray::number(size.width());
+    const QByteArray height = QByteArray::number(size.height());
+    const QByteArray picture = svg("<circle cx='150' cy='2000' r='590' fill='#2468ac'/>"
+                                   "<path d='M 0 0 L " +
+                                       width + " " + height + "' stroke='red' stroke-width='31'/>",
+                                   "width='" + width + "' height='" + height + "'");
     QImage atOnce(size, QImage::Format_RGB32);
     atOnce.fill(Qt::white);
     {

@@ -189,8 +189,8 @@ void PrivateFilesTest::fileUnderTheNameToRenameTo() {
         });
         QCOMPARE(saving.save(), QString());
     }
-    QCOMPARE(contentOf(saving.path("Temp (1).bmp")), to == "Temp.bmp" ? Saving::usersBmp() : "another's");
-    QCOMPARE(contentOf(saving.path("Temp.bmp")), to == "Temp.bmp" ? "another's" : Saving::usersBmp());
+    QCOMPARE(contentOf(saving.path(to)), QByteArray("another's"));
+    QCOMPARE(contentOf(saving.path(from)), Saving::usersBmp());
 }
 
 void PrivateFilesTest::textDialogsTemporary() {

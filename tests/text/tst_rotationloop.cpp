@@ -1,9 +1,11 @@
 #include "text/fourfoldloop.h"
+#include "text/rotationmap.h"
 
 #include <QTest>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 using namespace ovrano;
 
@@ -106,6 +108,10 @@ void TestRotationLoop::axesEqualPlainLoopAtHalves() {
             for (const bool skip : {false, true})
                 compareAxesWithLoop(source, QSize(1201, 1100),
                                     {.angle = double(angle), .skipBackground = skip});
+        // Here the first pixel that lies between two is the second of an arm, and the 32nd.
+        for (const double sine : {1 / 4.0, 1 / 64.0})
+            compareAxesWithLoop(source, QSize(1201, 1100),
+                                {.angle = std::asin(sine) * 180 / RotationMap::Pi});
     }
 }
 

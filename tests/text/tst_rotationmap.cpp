@@ -116,6 +116,9 @@ void TestRotationMap::errorStaysUnderABillionth() {
 void TestRotationMap::tiesOnAxesAreFound() {
     for (const double angle : {30.0, 60.0, 120.0, 150.0, -30.0, 240.0, 330.0, 30 + 1e-9, 60 - 1e-9})
         QVERIFY2(RotationMap(QSize(40, 30), angle).hasTiesOnAxes(), qPrintable(QString::number(angle)));
+    const double late = exactAngle(std::asin(1 / 64.0) * 180 / std::acos(-1.0)); // at the 32nd pixel
+    QVERIFY(RotationMap(QSize(60, 30), late).hasTiesOnAxes());
+    QVERIFY(!RotationMap(QSize(40, 30), late).hasTiesOnAxes());
     for (const double angle : {0.0, 45.0, 90.0, 180.0, -90.0, 37.0, 29.9, 30.1, 359.0})
         QVERIFY2(!RotationMap(QSize(40, 30), angle).hasTiesOnAxes(), qPrintable(QString::number(angle)));
 }
