@@ -231,12 +231,11 @@ void OutOfMemoryTest::commandIsToldAndCanBeRepeated_data() {
     QTest::newRow("stamp a text") << Steps{open} << Step{Kind::Stamp, {2}};
     QTest::newRow("stamp beside a block") << Steps{open, zone, lift} << Step{Kind::Stamp, {2}};
     const Step openLarger{Kind::Open, {Larger, NoFile}};
-    const Step drag{Kind::Gesture, {1, NoFlaw, 50, 50, 70, 110}};
-    const Steps block{openLarger, {Kind::PasteFile, {Bmp, 0}}};
-    QTest::newRow("drag a block") << block << drag;
+    const Step dragToOtherTiles{Kind::Gesture, {1, NoFlaw, 20, 20, 240, 240}};
+    const Steps block{openLarger, {Kind::PasteFile, {SmallerThanTile, 0}}};
+    QTest::newRow("drag a block") << block << dragToOtherTiles;
     const Steps seeThrough{openLarger, {Kind::PasteFile, {SmallerThanTile, 1}}};
-    QTest::newRow("drag a see-through block")
-        << seeThrough << Step{Kind::Gesture, {1, NoFlaw, 20, 20, 240, 240}};
+    QTest::newRow("drag a see-through block") << seeThrough << dragToOtherTiles;
     // The dialog leaves the snapshot of the paste, which has another size.
     const Steps otherSnapshot{
         open, {Kind::PasteFile, {SmallerThanTile, 0}}, {Kind::TextDialog, {1, 1}}, zone, lift};
