@@ -2,6 +2,7 @@
 
 #include "document/bmplayout.h"
 #include "document/decodedpicture.h"
+#include "document/decoderlog.h"
 #include "document/files.h"
 #include "document/gifframe.h"
 #include "document/maskedbmp.h"
@@ -62,6 +63,7 @@ Raster decode(QIODevice& device) {
     if (format.isEmpty() || !holdsWholePicture(yielding, format))
         throw RuntimeError(error::InvalidPicture);
     yielding.seek(0);
+    const DecoderLog log;
     QImageReader::setAllocationLimit(0); // 128 MB would refuse an ordinary scan; requirePlausible stands in
     QImageReader reader(&yielding, format);
     const QSize size = announcedSize(yielding, reader);
@@ -71,7 +73,7 @@ Raster decode(QIODevice& device) {
     QImage image; // a format that is not known beforehand is filled by its decoder
     if (reader.imageFormat() != QImage::Format_Invalid)
         image = canvasFor(format, size, reader.imageFormat(), yield);
-    if (!reader.read(&image) || image.size() != size)
+    if (!reader.read(&image) || image.size() != size || log.tellsOfMissingData())
         throw RuntimeError(error::InvalidPicture);
     return toRaster(std::move(image), reader.transformation(), yield);
 }

@@ -1,9 +1,9 @@
+#include "document/decoderlog.h"
 #include "document/filetools.h"
 #include "document/giftools.h"
 #include "document/picturereader.h"
 
 #include <QElapsedTimer>
-#include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QTest>
 #include <QtEndian>
@@ -81,12 +81,13 @@ class PictureDamageTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
 
     void notAPicture_data();
     void notAPicture();
     void cutOff_data();
     void cutOff();
+    void jpegCutBeforeItsEndMark();
+    void logIsLeftToOthers();
     void whatFollowsThePictureDoesNotMatter_data();
     void whatFollowsThePictureDoesNotMatter();
     void pictureBeyondTheLimit();
@@ -97,10 +98,6 @@ private Q_SLOTS:
     void damagedFilesGiveTheSameEachTime();
     void randomBytes();
 };
-
-void PictureDamageTest::initTestCase() {
-    QLoggingCategory::setFilterRules("qt.gui.imageio*=false"); // damaged files are the point here
-}
 
 void PictureDamageTest::notAPicture_data() {
     QTest::addColumn<QByteArray>("content");
@@ -146,6 +143,33 @@ void PictureDamageTest::cutOff() {
     QCOMPARE(errorOf([&] { decodePicture(content.chopped(spare)); }), 0);
     for (qsizetype length = 0; length < content.size() - spare; ++length)
         QCOMPARE(errorOf([&] { decodePicture(content.left(length)); }), error::InvalidPicture);
+}
+
+// The decoder makes up what is missing when there is an end mark again.
+void PictureDamageTest::jpegCutBeforeItsEndMark() {
+    const QByteArray end("\xFF\xD9");
+    const QByteArray whole = encoded(patterned(QSize(40, 30)).toImage(), "jpg");
+    QVERIFY(whole.endsWith(end));
+    for (qsizetype length = 0; length < whole.size() - end.size(); ++length)
+        QCOMPARE(errorOf([&] { decodePicture(whole.left(length) + end); }), error::InvalidPicture);
+}
+
+// What a decoder writes to the log is kept from there, and nothing else.
+void PictureDamageTest::logIsLeftToOthers() {
+    static QStringList heard;
+    heard.clear();
+    const QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { heard.append(text); });
+    {
+        const DecoderLog outer;
+        const DecoderLog inner;
+        qWarning("a word");
+    }
+    const QByteArray whole = encoded(patterned(QSize(40, 30)).toImage(), "jpg");
+    errorOf([&] { decodePicture(whole.left(whole.size() / 2) + "\xFF\xD9"); });
+    qWarning("another");
+    qInstallMessageHandler(before);
+    QCOMPARE(heard, QStringList({"a word", "another"}));
 }
 
 void PictureDamageTest::whatFollowsThePictureDoesNotMatter_data() {

@@ -2,7 +2,6 @@
 #include "document/picturereader.h"
 #include "variant.h"
 
-#include <QLoggingCategory>
 
 using namespace ovrano;
 using namespace ovrano::hostile;
@@ -49,7 +48,6 @@ class VariantsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false")); }
 
     void opensRight_data();
     void opensRight();
