@@ -2,7 +2,6 @@
 #include "document/picturereader.h"
 #include "variant.h"
 
-
 using namespace ovrano;
 using namespace ovrano::hostile;
 
