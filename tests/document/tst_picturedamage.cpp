@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QtEndian>
 
+#include <thread>
+
 using namespace ovrano;
 
 namespace {
@@ -158,18 +160,21 @@ void PictureDamageTest::jpegCutBeforeItsEndMark() {
 void PictureDamageTest::logIsLeftToOthers() {
     static QStringList heard;
     heard.clear();
-    const QtMessageHandler before = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& text) { heard.append(text); });
+    const QtMessageHandler listener = [](QtMsgType, const QMessageLogContext&, const QString& text) {
+        heard.append(text);
+    };
+    const QtMessageHandler before = qInstallMessageHandler(listener);
     {
         const DecoderLog outer;
         const DecoderLog inner;
         qWarning("a word");
+        std::thread([] { qWarning("from another thread"); }).join();
     }
     const QByteArray whole = encoded(patterned(QSize(40, 30)).toImage(), "jpg");
-    errorOf([&] { decodePicture(whole.left(whole.size() / 2) + "\xFF\xD9"); });
+    QCOMPARE(errorOf([&] { decodePicture(whole.chopped(20) + "\xFF\xD9"); }), error::InvalidPicture);
     qWarning("another");
-    qInstallMessageHandler(before);
-    QCOMPARE(heard, QStringList({"a word", "another"}));
+    QVERIFY(qInstallMessageHandler(before) == listener);
+    QCOMPARE(heard, QStringList({"a word", "from another thread", "another"}));
 }
 
 void PictureDamageTest::whatFollowsThePictureDoesNotMatter_data() {
