@@ -90,7 +90,8 @@ inline std::uint8_t ErrorDiffusion::mapPixel(QRgb pixel, const Channels& above, 
     Channels wanted = (plain * 64 + 32 + above + ToRight * trail.last) >> 6;
     wanted = wanted < 0 ? Channels{} : wanted;
     wanted = wanted > 255 ? Channels{} + 255 : wanted;
-    // Without a branch: in skies and portraits one would be guessed wrong at every tenth pixel.
+    // Without a branch: in skies and portraits, where some pixels are palette colours, it is often guessed
+    // wrong.
     const Channels isKept = Channels{} + static_cast<std::int16_t>(-int{m_paletteColours.contains(pixel)});
     wanted = (wanted & ~isKept) | (plain & isKept);
     const std::uint8_t index = m_table(toColour(wanted));

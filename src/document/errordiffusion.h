@@ -38,7 +38,7 @@ public:
     static constexpr std::size_t RowsAtOnce = 4;
 
     /// Maps the next rows at once. A pixel must wait for the one before it; while it does, pixels of the
-    /// other rows are mapped, which takes about half of the time.
+    /// other rows are mapped.
     void map(const std::array<const QRgb*, RowsAtOnce>& rows,
              const std::array<std::uint8_t*, RowsAtOnce>& indices);
 

@@ -47,7 +47,6 @@ class VariantsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-
     void opensRight_data();
     void opensRight();
     void cutAnywhereItIsRefused_data() { opensRight_data(); }
