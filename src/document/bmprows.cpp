@@ -5,13 +5,11 @@
 #include "platform/runtimeerror.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ovrano {
 
 namespace {
-
-/// What is read in one go: enough to make the cost of a call vanish, little enough to stay in the cache.
-constexpr qint64 ChunkBytes = 262'144;
 
 QRgb pixelAt(const char* blueGreenRed) {
     const auto* bytes = reinterpret_cast<const uchar*>(blueGreenRed);
@@ -21,23 +19,33 @@ QRgb pixelAt(const char* blueGreenRed) {
 } // namespace
 
 BmpRows::BmpRows(const QString& path)
-    : m_file(path) {
-    openForReading(m_file);
-    const QByteArray header = m_file.read(bmp::HeaderBytes);
-    if (m_file.error() != QFileDevice::NoError)
+    : m_file(std::make_shared<SharedFile>(path)) {
+    QFile& file = m_file->file;
+    openForReading(file);
+    const QByteArray header = file.read(bmp::HeaderBytes);
+    if (file.error() != QFileDevice::NoError)
         throw RuntimeError(error::DeviceIo);
     const auto announced = bmp::announcedSize(header);
-    if (!announced || m_file.size() < bmp::fileBytes(*announced))
+    if (!announced || file.size() < bmp::fileBytes(*announced))
         throw RuntimeError(error::InvalidPicture);
     m_size = *announced;
     m_row.resize(static_cast<std::size_t>(m_size.width()));
 }
 
+BmpRows::BmpRows(std::shared_ptr<SharedFile> file, QSize size)
+    : m_file(std::move(file))
+    , m_size(size)
+    , m_row(static_cast<std::size_t>(size.width())) {}
+
+std::unique_ptr<PixelRows> BmpRows::anotherReader() {
+    return std::unique_ptr<PixelRows>(new BmpRows(m_file, m_size));
+}
+
 const QRgb* BmpRows::row(int y) {
-    if (y < m_chunkFirst || y >= m_chunkFirst + m_chunkCount)
-        readChunk(y);
-    const qint64 rowsBelow = m_chunkFirst + m_chunkCount - 1 - y;
-    const char* bytes = m_chunk.constData() + rowsBelow * bmp::stride(m_size.width());
+    if (y < m_bandFirst || y >= m_bandFirst + m_bandCount)
+        readBand(y - y % bandHeight());
+    const qint64 rowsBelow = m_bandFirst + m_bandCount - 1 - y;
+    const char* bytes = m_band.constData() + rowsBelow * bmp::stride(m_size.width());
     for (QRgb& pixel : m_row) {
         pixel = pixelAt(bytes);
         bytes += 3;
@@ -45,17 +53,18 @@ const QRgb* BmpRows::row(int y) {
     return m_row.data();
 }
 
-void BmpRows::readChunk(int firstRow) {
+void BmpRows::readBand(int firstRow) {
     const qint64 stride = bmp::stride(m_size.width());
-    const qint64 count = std::clamp<qint64>(ChunkBytes / stride, 1, m_size.height() - firstRow);
+    const int count = std::min(bandHeight(), m_size.height() - firstRow);
     const qint64 rowsBelow = m_size.height() - firstRow - count;
-    m_chunkCount = 0; // nothing is valid should the reading fail
-    m_chunk.resize(count * stride);
-    if (!m_file.seek(bmp::HeaderBytes + rowsBelow * stride) ||
-        m_file.read(m_chunk.data(), m_chunk.size()) != m_chunk.size())
+    m_bandCount = 0; // nothing is valid should the reading fail
+    m_band.resize(count * stride);
+    const std::scoped_lock lock(m_file->mutex);
+    if (!m_file->file.seek(bmp::HeaderBytes + rowsBelow * stride) ||
+        m_file->file.read(m_band.data(), m_band.size()) != m_band.size())
         throw RuntimeError(error::DeviceIo);
-    m_chunkFirst = firstRow;
-    m_chunkCount = static_cast<int>(count);
+    m_bandFirst = firstRow;
+    m_bandCount = count;
 }
 
 } // namespace ovrano

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QString>
 
+#include <memory>
+#include <mutex>
 #include <vector>
 
 namespace ovrano {
@@ -21,15 +23,27 @@ public:
     QSize size() const override { return m_size; }
     /// Throws RuntimeError 57 when the file cannot be read any more.
     const QRgb* row(int y) override;
+    /// Reads the same open file, whatever becomes of its name meanwhile.
+    std::unique_ptr<PixelRows> anotherReader() override;
 
 private:
-    void readChunk(int firstRow);
+    /// A file with one place for reading, which several readers move.
+    struct SharedFile {
+        explicit SharedFile(const QString& path)
+            : file(path) {}
 
-    QFile m_file;
+        std::mutex mutex;
+        QFile file;
+    };
+
+    BmpRows(std::shared_ptr<SharedFile> file, QSize size);
+    void readBand(int firstRow);
+
+    std::shared_ptr<SharedFile> m_file;
     QSize m_size;
-    int m_chunkFirst = 0; // rows m_chunkFirst.. are in m_chunk, the highest one last
-    int m_chunkCount = 0;
-    QByteArray m_chunk;
+    int m_bandFirst = 0; // rows m_bandFirst.. are in m_band, the highest one last
+    int m_bandCount = 0;
+    QByteArray m_band;
     std::vector<QRgb> m_row;
 };
 

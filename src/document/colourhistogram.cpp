@@ -1,6 +1,7 @@
 #include "document/colourhistogram.h"
 
 #include <algorithm>
+#include <functional>
 #include <span>
 
 namespace ovrano {
@@ -84,12 +85,26 @@ inline void ColourCounts::addGroup(const QRgb* pixels) {
 }
 
 inline std::uint32_t& ColourCounts::countOf(QRgb colour) {
-    std::uint32_t& block = m_blocks[cubeOf(colour)];
+    return blockOf(cubeOf(colour))[placeInCube(colour)];
+}
+
+inline std::uint32_t* ColourCounts::blockOf(std::size_t cube) {
+    std::uint32_t& block = m_blocks[cube];
     if (block == NoBlock) {
         block = static_cast<std::uint32_t>(m_counts.size());
         m_counts.resize(m_counts.size() + BlockSize);
     }
-    return m_counts[block + placeInCube(colour)];
+    return m_counts.data() + block;
+}
+
+void ColourCounts::add(const ColourCounts& others) {
+    for (std::size_t cube = 0; cube < Cubes; ++cube) {
+        if (others.m_blocks[cube] == NoBlock)
+            continue;
+        std::uint32_t* own = blockOf(cube);
+        const std::uint32_t* theirs = others.m_counts.data() + others.m_blocks[cube];
+        std::transform(own, own + BlockSize, theirs, own, std::plus<>());
+    }
 }
 
 std::size_t ColourCounts::size() const {

@@ -52,6 +52,8 @@ public:
     ColourCounts();
 
     void add(const QRgb* row, int width);
+    /// What others have counted.
+    void add(const ColourCounts& others);
 
     /// How many colours there are.
     std::size_t size() const;
@@ -63,6 +65,7 @@ public:
 private:
     void addGroup(const QRgb* pixels);
     std::uint32_t& countOf(QRgb colour);
+    std::uint32_t* blockOf(std::size_t cube);
 
     std::vector<std::uint32_t> m_blocks; // where a cube's block begins in the counts
     std::vector<std::uint32_t> m_counts;

@@ -20,7 +20,7 @@ public:
     std::uint32_t* insert(QRgb colour);
 
     /// Reads the numbers of the pixels of a row, whose colours must all be there, as indices.
-    void read(const QRgb* row, int width, std::uint8_t* indices);
+    void read(const QRgb* row, int width, std::uint8_t* indices) const;
 
     /// Calls visit(colour, number) for each colour, in an order that is the same for the same picture.
     template<typename Visit>
@@ -38,6 +38,9 @@ private:
         QRgb colour = Free;
         std::uint32_t number = 0;
     };
+
+    /// The slot that has a colour, or else the one where it would come.
+    std::size_t placeOf(QRgb colour) const;
 
     int m_limit;
     int m_size = 0;

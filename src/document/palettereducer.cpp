@@ -7,9 +7,12 @@
 #include "document/paletterefinement.h"
 #include "document/palettetable.h"
 #include "document/variancecut.h"
+#include "platform/parallel.h"
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <utility>
 
 namespace ovrano {
 
@@ -64,14 +67,17 @@ IndexedPicture mapExactly(PixelRows& rows, const ColourHistogram& histogram) {
     for (const ColourBin& bin : histogram)
         colours.insert(toColour(bin.mean));
     IndexedPicture picture = blankPicture(rows.size(), exactPalette(colours));
-    forEachRow(rows, [&](int y, const QRgb* row) { colours.read(row, rows.size().width(), picture.row(y)); });
+    forEachRowInParallel(
+        rows, [&](int, int y, const QRgb* row) { colours.read(row, rows.size().width(), picture.row(y)); });
     return picture;
 }
 
 IndexedPicture mapByNearest(PixelRows& rows, Palette palette) {
     IndexedPicture picture = blankPicture(rows.size(), std::move(palette));
-    PaletteTable table(picture.palette);
-    forEachRow(rows, [&](int y, const QRgb* row) { table.map(row, rows.size().width(), picture.row(y)); });
+    PerWorker<PaletteTable> tables([&] { return std::make_unique<PaletteTable>(picture.palette); });
+    forEachRowInParallel(rows, [&](int worker, int y, const QRgb* row) {
+        tables.of(worker).map(row, rows.size().width(), picture.row(y));
+    });
     return picture;
 }
 
@@ -113,9 +119,16 @@ IndexedPicture reduceFewColours(PixelRows& rows, const ColourHistogram& colours,
 }
 
 ColourCounts countColours(PixelRows& rows) {
-    ColourCounts counts;
-    forEachRow(rows, [&](int, const QRgb* row) { counts.add(row, rows.size().width()); });
-    return counts;
+    PerWorker<ColourCounts> counts([] { return std::make_unique<ColourCounts>(); });
+    forEachRowInParallel(
+        rows, [&](int worker, int, const QRgb* row) { counts.of(worker).add(row, rows.size().width()); });
+    constexpr int Caller = 0;
+    ColourCounts& all = counts.of(Caller);
+    counts.forEach([&all](const ColourCounts& some) {
+        if (&some != &all)
+            all.add(some);
+    });
+    return std::move(all);
 }
 
 } // namespace

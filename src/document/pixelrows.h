@@ -5,6 +5,9 @@
 #include <QRgb>
 #include <QSize>
 
+#include <algorithm>
+#include <functional>
+#include <memory>
 #include <type_traits>
 
 namespace ovrano {
@@ -22,7 +25,22 @@ public:
 
     /// Row y, counted from the top, as size().width() pixels 0xFFRRGGBB. It stays valid until the next call.
     virtual const QRgb* row(int y) = 0;
+
+    /// Another reader of the same picture, for another thread: one reader is for one thread at a time.
+    virtual std::unique_ptr<PixelRows> anotherReader() = 0;
+
+    /// How many rows one reader had better read one after the other, from a multiple of that number on: as
+    /// many as are fetched at once.
+    int bandHeight() const {
+        constexpr int BandPixels = 65'536; // enough to make the cost of a call vanish, but kept in the cache
+        return std::max(1, BandPixels / std::max(1, size().width()));
+    }
 };
+
+/// Calls visit(worker, y, row) for each row, in several threads at a time (see inParallel()), and lets the
+/// window repaint in between.
+void forEachRowInParallel(PixelRows& rows,
+                          const std::function<void(int worker, int y, const QRgb* row)>& visit);
 
 /// Calls visit(y, row) for each row, from the top, and lets the window repaint meanwhile. A visit that gives
 /// false ends it; whether it came to the last row is told.

@@ -12,7 +12,7 @@ namespace ovrano {
 
 namespace {
 
-// There is one thread.
+// Only the thread of the window yields.
 bool underWay = false;
 int yields = 0;
 LongWork* listener = nullptr;

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void fourPixelsKeepTheirColour();
     void paperAndLettersOnAPhotoStayClean();
     void paperThatSharesItsPaletteColourKeepsIt();
+    void errorOfTheRowsComesThrough_data();
     void errorOfTheRowsComesThrough();
     void diffusionTakesRowsOneAfterTheOther_data();
     void diffusionTakesRowsOneAfterTheOther();
@@ -118,15 +119,26 @@ QImage drawingWithText(QRgb colour) {
     return image;
 }
 
-/// Rows of which one cannot be read.
+/// Rows of which one cannot be read, by no reader.
 class BrokenRows : public ImageRows {
 public:
-    using ImageRows::ImageRows;
+    BrokenRows(const QImage& image, int broken)
+        : ImageRows(image)
+        , m_image(image)
+        , m_broken(broken) {}
+
     const QRgb* row(int y) override {
-        if (y == 5)
+        if (y == m_broken)
             throw RuntimeError(error::DeviceIo);
         return ImageRows::row(y);
     }
+    std::unique_ptr<PixelRows> anotherReader() override {
+        return std::make_unique<BrokenRows>(m_image, m_broken);
+    }
+
+private:
+    QImage m_image;
+    int m_broken;
 };
 
 } // namespace
@@ -345,8 +357,17 @@ void PaletteReducerTest::paperThatSharesItsPaletteColourKeepsIt() {
     QCOMPARE(result.pixel(1, 0), paper);
 }
 
+void PaletteReducerTest::errorOfTheRowsComesThrough_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("broken");
+    QTest::newRow("few rows") << QSize(20, 10) << 5;
+    QTest::newRow("the last of many bands") << QSize(700, 600) << 599;
+}
+
 void PaletteReducerTest::errorOfTheRowsComesThrough() {
-    BrokenRows rows(photo(QSize(20, 10)));
+    QFETCH(QSize, size);
+    QFETCH(int, broken);
+    BrokenRows rows(photo(size), broken);
     QCOMPARE(errorOf([&] { reduceTo256(rows); }), error::DeviceIo);
 }
 

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <array>
 #include <map>
 
 using namespace ovrano;
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void flatColourIsKept();
     void countsLikeAMap_data();
     void countsLikeAMap();
+    void countsOfSeveralAddUp();
     void binsHaveExactMeans_data();
     void binsHaveExactMeans();
 };
@@ -160,6 +162,31 @@ void VarianceCutTest::countsLikeAMap() {
         found[bin.mean] += bin.pixels;
     QVERIFY(found == expected);
     QCOMPARE(counts.size(), expected.size());
+}
+
+/// Of which some have colours that the others lack, and one has none at all.
+void VarianceCutTest::countsOfSeveralAddUp() {
+    std::array<ColourCounts, 3> some;
+    ColourCounts together;
+    for (int y = 0; y < 40; ++y) {
+        std::vector<QRgb> row;
+        for (int x = 0; x < 997; ++x)
+            row.push_back(distinctColour((y < 20 ? x : y * x) % 3000));
+        some.at(y < 20 ? 0 : 2).add(row.data(), 997);
+        together.add(row.data(), 997);
+    }
+    some[0].add(some[1]);
+    some[0].add(some[2]);
+    QCOMPARE(some[0].size(), together.size());
+    for (const int side : {1, 2, 4}) {
+        const ColourHistogram sum = some[0].histogram(side);
+        const ColourHistogram expected = together.histogram(side);
+        QCOMPARE(sum.size(), expected.size());
+        for (std::size_t i = 0; i < sum.size(); ++i) {
+            QVERIFY(sum[i].mean == expected[i].mean);
+            QCOMPARE(sum[i].pixels, expected[i].pixels);
+        }
+    }
 }
 
 void VarianceCutTest::binsHaveExactMeans_data() {

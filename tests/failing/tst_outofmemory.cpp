@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QThreadPool>
 #include <QTimer>
 #include <QtTest>
 
@@ -102,6 +103,8 @@ Q_DECLARE_METATYPE(ovrano::model::Step)
 Q_DECLARE_METATYPE(std::vector<ovrano::model::Step>)
 
 void OutOfMemoryTest::initTestCase() {
+    QThreadPool::globalInstance()->setMaxThreadCount(
+        1); // memory is scarce in this thread: none is to help it
     m_driver = std::make_unique<Driver>();
     const QImage picture = patterned(PictureSize).toImage();
     put(m_driver->folder() + fileName(Bmp), encoded(picture, "BMP"));
