@@ -1,8 +1,14 @@
 #include "editing/mask.h"
 
+#include "platform/parallel.h"
 #include "platform/vectorised.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace ovrano {
 
@@ -74,33 +80,52 @@ bool tileHas(const QImage& tile, const Recolouring& wanted) {
     return false;
 }
 
-/// Writes a tile anew, in one pass also when it is shared.
-void recolourTile(Tile& tile, const Recolouring& wanted) {
+/// A tile recoloured, or nothing where it has no pixel that is wanted: that one stays shared with the
+/// surfaces that it came from.
+std::optional<Tile> recoloured(const QImage& tile, const Recolouring& wanted) {
+    if (!tileHas(tile, wanted))
+        return std::nullopt;
     Tile anew = Tile::unwritten(tile.size());
     QRgb* pixels = anew.pixels();
-    recolourRows({pixels, anew.pixelsPerRow()}, rowsOf(tile.image()), tile.size(), wanted);
-    tile = anew;
+    recolourRows({pixels, anew.pixelsPerRow()}, rowsOf(tile), tile.size(), wanted);
+    return anew;
 }
 
-/// A tile without a pixel that is wanted stays shared with the surfaces that it came from.
-void recolourTileAt(Surface& pic, const QRect& place, const Recolouring& wanted) {
-    bool found = false;
-    pic.Image().readTiles(place, [&](const QImage& tile, const QRect&) { found = tileHas(tile, wanted); });
-    if (!found)
-        return;
-    pic.editImage(place, [&](Raster& image, const QRect& area) {
-        image.writeTiles(area, [&](Tile& tile, const QRect&) { recolourTile(tile, wanted); });
+/// Recolours the tiles of these places, several at a time.
+void recolourTiles(Surface& pic, std::span<const QRect> places, const Recolouring& wanted) {
+    const Raster& image = pic.Image();
+    std::vector<std::optional<Tile>> anew(places.size());
+    inParallel(static_cast<int>(places.size()), [&](int, int item) {
+        const auto i = static_cast<std::size_t>(item);
+        image.readTiles(places[i],
+                        [&](const QImage& tile, const QRect&) { anew[i] = recoloured(tile, wanted); });
     });
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (!anew[i])
+            continue;
+        pic.editImage(places[i], [&](Raster& raster, const QRect& area) {
+            raster.writeTiles(area, [&](Tile& tile, const QRect&) { tile = *std::move(anew[i]); });
+        });
+    }
+}
+
+std::vector<QRect> tilePlaces(QSize size) {
+    std::vector<QRect> places;
+    for (int y = 0; y < size.height(); y += Raster::TileSide)
+        for (int x = 0; x < size.width(); x += Raster::TileSide)
+            places.emplace_back(x, y, Raster::TileSide, Raster::TileSide);
+    return places;
 }
 
 void recolour(Surface& pic, const Recolouring& wanted) {
+    constexpr std::size_t Portion = 64; // tiles between two repaintings
     EventYield yield;
-    const QSize size = pic.innerSize();
-    for (int y = 0; y < size.height(); y += Raster::TileSide) {
-        for (int x = 0; x < size.width(); x += Raster::TileSide) {
-            recolourTileAt(pic, QRect(x, y, Raster::TileSide, Raster::TileSide), wanted);
-            yield();
-        }
+    const std::vector<QRect> all = tilePlaces(pic.innerSize());
+    for (std::span<const QRect> left = all; !left.empty();) {
+        const std::span<const QRect> portion = left.first(std::min(Portion, left.size()));
+        recolourTiles(pic, portion, wanted);
+        left = left.subspan(portion.size());
+        yield();
     }
 }
 

@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t LeastKept = 32;  // 8 MB
+    static constexpr std::size_t LeastKept = 64;  // 16 MB
     static constexpr std::size_t MostKept = 1024; // 256 MB, beside as much in use
 
     TileMemory() { m_kept.reserve(MostKept); }
@@ -63,13 +63,20 @@ private:
     std::size_t m_inUse = 0;
 };
 
-QImage pooledImage() {
+/// Whether a tile gets the memory of a full one: less than half of it may go unused.
+bool isPooled(QSize size) {
+    return 2 * sizeof(QRgb) * static_cast<std::size_t>(size.width()) *
+               static_cast<std::size_t>(size.height()) >
+           FullBytes;
+}
+
+QImage pooledImage(QSize size) {
     void* memory = TileMemory::instance().take();
     if (!memory)
         throw RuntimeError(error::OutOfMemory);
-    constexpr int BytesPerLine = sizeof(QRgb) * Tile::Side;
+    const auto bytesPerLine = qsizetype{sizeof(QRgb)} * size.width();
     return QImage(
-        static_cast<uchar*>(memory), Tile::Side, Tile::Side, BytesPerLine, QImage::Format_RGB32,
+        static_cast<uchar*>(memory), size.width(), size.height(), bytesPerLine, QImage::Format_RGB32,
         [](void* own) { TileMemory::instance().giveBack(own); }, memory);
 }
 
@@ -80,8 +87,8 @@ Tile::Tile(const QImage& image, bool isOwn)
     , m_isOwn(isOwn) {}
 
 Tile Tile::unwritten(QSize size) {
-    if (size == QSize(Side, Side))
-        return Tile(pooledImage(), true);
+    if (isPooled(size))
+        return Tile(pooledImage(size), true);
     const QImage image(size, QImage::Format_RGB32);
     if (image.isNull())
         throw RuntimeError(error::OutOfMemory);

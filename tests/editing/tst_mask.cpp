@@ -186,19 +186,21 @@ void TestMask::announcesChangedTilesOnly() {
 }
 
 void TestMask::letsTheWindowRepaintMeanwhile() {
-    auto* pic = surface(Raster(QSize(20 * TileSide, 1), Black), this);
+    constexpr int Tiles = 100;
+    auto* pic = surface(Raster(QSize(Tiles * TileSide, 1), Black), this);
     bool repainted = false;
     bool inTheMidst = false;
-    // Each tile takes long enough for a frame to become due before the end.
+    // The tiles take long enough for a frame to become due before the end.
     connect(pic, &Surface::changed, this, [&] { QThread::msleep(3); });
     QTimer::singleShot(0, this, [&] {
         repainted = true;
-        inTheMidst = pic->Image().pixel(0, 0) == White && pic->Image().pixel(20 * TileSide - 1, 0) == Black;
+        inTheMidst =
+            pic->Image().pixel(0, 0) == White && pic->Image().pixel(Tiles * TileSide - 1, 0) == Black;
     });
     WhiteNonPaintArea(*pic, Black);
     QVERIFY(repainted);
     QVERIFY(inTheMidst);
-    QCOMPARE(pic->Image().pixel(20 * TileSide - 1, 0), White);
+    QCOMPARE(pic->Image().pixel(Tiles * TileSide - 1, 0), White);
 }
 
 void TestMask::cornerColourAndWhiteLetTheBackgroundThrough() {

@@ -54,7 +54,9 @@ private Q_SLOTS:
     void copiedPixelsShareNothing();
     void ownTilesAreOverwrittenInPlace();
     void areaOfWholeTiles();
+    void memoryOfTilesIsKept_data();
     void memoryOfTilesIsKept();
+    void smallTilesTakeNoMoreThanTheyNeed();
     void manyTilesGoBackToTheSystem();
     void equalityLooksAtPixels();
 };
@@ -277,13 +279,21 @@ void TestRaster::areaOfWholeTiles() {
     QCOMPARE(Raster::wholeTiles(QRect()), QRect());
 }
 
+void TestRaster::memoryOfTilesIsKept_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("full") << QSize(Tile::Side, Tile::Side);
+    QTest::newRow("more than half") << QSize(Tile::Side, Tile::Side / 2 + 1);
+    QTest::newRow("an edge") << QSize(220, 200);
+}
+
 void TestRaster::memoryOfTilesIsKept() {
-    const QSize full(Tile::Side, Tile::Side);
-    { const Tile first = Tile::filled(full, 0); }
+    QFETCH(QSize, size);
+    { const Tile first = Tile::filled(size, 0); }
     const std::size_t before = Tile::kept();
     QVERIFY(before > 0);
-    Tile taken = Tile::unwritten(full);
+    Tile taken = Tile::unwritten(size);
     QCOMPARE(Tile::kept(), before - 1);
+    QCOMPARE(taken.size(), size);
     const Tile copy = taken;
     QVERIFY(copy.sharesWith(taken));
     const QRgb* pixels = copy.row(0);
@@ -291,6 +301,14 @@ void TestRaster::memoryOfTilesIsKept() {
     QCOMPARE(copy.row(0), pixels);
     const QRgb* own = taken.row(0);
     QCOMPARE(static_cast<const QRgb*>(taken.pixels()), own); // not shared any more
+}
+
+void TestRaster::smallTilesTakeNoMoreThanTheyNeed() {
+    const std::size_t before = Tile::kept();
+    for (const QSize size : {QSize(Tile::Side, Tile::Side / 2), QSize(1, Tile::Side), QSize(7, 5)}) {
+        { const Tile tile = Tile::filled(size, 0); }
+        QCOMPARE(Tile::kept(), before);
+    }
 }
 
 void TestRaster::manyTilesGoBackToTheSystem() {
