@@ -79,6 +79,10 @@ public:
     template<typename Visit>
     void writeTiles(const QRect& area, Visit&& visit);
 
+    /// Makes the list of tiles this raster's own, not yet the tiles, so that several threads may write
+    /// different tiles from now on.
+    void makeUnshared() { m_tiles.detach(); }
+
     /// The area of all tiles that meet an area.
     static QRect wholeTiles(const QRect& area);
 

@@ -1,11 +1,13 @@
 #include "text/rasterrotation.h"
 
 #include "platform/numbers.h"
+#include "platform/parallel.h"
+#include "text/nearestrun.h"
 #include "text/subpixel.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <memory>
 
 namespace ovrano {
 
@@ -23,55 +25,6 @@ int subpixelPart(Fixed coordinate) {
 
 int subpixelPart(double distance) {
     return static_cast<int>(std::lround(std::ldexp(distance, SubpixelBits)));
-}
-
-/// Whether a value, or several and-ed, are pixels: the highest bit of a pixel is set, that of Nothing is not.
-bool isPixel(QRgb value) {
-    return (value >> 31) != 0;
-}
-
-/// A sample, or what is below where the sample is Nothing. Without a branch: along ragged edges between ink
-/// and background it would be guessed wrong all the time.
-QRgb laidOver(QRgb sample, QRgb below) {
-    const QRgb covers = 0U - (sample >> 31);
-    return sample | (below & ~covers);
-}
-
-/// Lays `Count` samples over the pixels at `out`, the first of them from a point of the patch. What is below
-/// is read only along edges and not touched where there is nothing to copy: most of the time goes by waiting
-/// for the memory of the destination.
-template<std::size_t Count, typename Sample>
-void layOver(QRgb* out, RotationMap::Point from, RotationMap::Point step, const Sample& sample) {
-    std::array<QRgb, Count> samples;
-    QRgb all = ~SourcePatch::Nothing;
-    QRgb any = SourcePatch::Nothing;
-    int distance = 0;
-    for (QRgb& next : samples) {
-        next = sample(from.x + distance * step.x, from.y + distance * step.y);
-        all &= next;
-        any |= next;
-        ++distance;
-    }
-    if (isPixel(all))
-        std::copy(samples.begin(), samples.end(), out);
-    else if (isPixel(any))
-        std::transform(samples.begin(), samples.end(), out, out, laidOver);
-}
-
-template<typename Sample>
-void layRunOver(QRgb* out, int count, RotationMap::Point from, RotationMap::Point step,
-                const Sample& sample) {
-    constexpr int Group = 4;
-    for (; count >= Group; count -= Group, out += Group) {
-        layOver<Group>(out, from, step, sample);
-        from.x += Group * step.x;
-        from.y += Group * step.y;
-    }
-    for (; count > 0; --count, ++out) {
-        *out = laidOver(sample(from.x, from.y), *out);
-        from.x += step.x;
-        from.y += step.y;
-    }
 }
 
 /// The columns or rows of a side that are at most `reach` from the centre, which may be anywhere.
@@ -97,10 +50,10 @@ RasterRotation::RasterRotation(const Raster& source, double degrees, std::option
                                Sampling sampling)
     : m_source(source)
     , m_map(source.size(), degrees)
+    , m_skipped(skipped)
     , m_sampling(sampling)
     , m_margin(sampling == Sampling::Mixed ? 1 : 0)
-    , m_hasOwnAxes(m_map.hasTiesOnAxes())
-    , m_patch(skipped) {}
+    , m_hasOwnAxes(m_map.hasTiesOnAxes()) {}
 
 QRect RasterRotation::areaIn(QSize destination, QPoint centre) const {
     const Columns columns = reached(destination.width(), centre.x(), m_map.reach());
@@ -112,63 +65,77 @@ void RasterRotation::paint(Raster& destination, QPoint centre) {
     if (areaIn(destination.size(), centre).isEmpty())
         return;
     const int side = SourcePatch::Side - 2 * m_margin;
-    for (int y = 0; y < m_source.height(); y += side)
-        for (int x = 0; x < m_source.width(); x += side)
-            paintPatch(destination, QRect(x, y, side, side) & m_source.rect(), centre);
+    const int columns = (m_source.width() + side - 1) / side;
+    const int rows = (m_source.height() + side - 1) / side;
+    destination.makeUnshared();
+    PerWorker<Part> parts([this] { return std::make_unique<Part>(m_skipped); });
+    inParallel(columns * rows, [&](int worker, int item) {
+        const QRect area(item % columns * side, item / columns * side, side, side);
+        paintPart(destination, parts.of(worker), area & m_source.rect(), centre);
+    });
     if (m_hasOwnAxes)
-        paintAxes(destination, centre);
+        paintAxes(destination, parts.of(0).patch, centre);
 }
 
 /// Paints the destination pixels that read an area of the source.
-void RasterRotation::paintPatch(Raster& destination, const QRect& area, QPoint centre) {
-    m_patch.load(m_source, area.adjusted(-m_margin, -m_margin, m_margin, m_margin));
-    const QRect part = area & m_patch.inkedRows();
-    if (part.isEmpty())
+void RasterRotation::paintPart(Raster& destination, Part& part, const QRect& area, QPoint centre) {
+    part.patch.load(m_source, area.adjusted(-m_margin, -m_margin, m_margin, m_margin));
+    const QRect inked = area & part.patch.inkedRows();
+    if (inked.isEmpty())
         return;
-    const QRect box = m_map.offsetsOf(part).translated(centre) & areaIn(destination.size(), centre);
+    const QRect box = m_map.offsetsOf(inked).translated(centre) & areaIn(destination.size(), centre);
     const Columns columns{box.left() - centre.x(), box.right() - centre.x()};
-    m_firstRow = box.top();
-    m_rows.clear();
+    part.firstRow = box.top();
+    part.rows.clear();
     for (int y = box.top(); y <= box.bottom(); ++y)
-        m_rows.push_back(m_map.columnsOf(part, y - centre.y(), columns));
-    destination.writeTiles(box, [&](Tile& tile, const QRect& place) { paintTile(tile, place, centre); });
+        part.rows.push_back(m_map.columnsOf(inked, y - centre.y(), columns));
+    destination.writeTiles(box,
+                           [&](Tile& tile, const QRect& place) { paintTile(tile, place, part, centre); });
 }
 
-/// Paints the runs of m_rows inside a place of a tile, but for axes that are painted apart.
-void RasterRotation::paintTile(Tile& tile, const QRect& place, QPoint centre) const {
-    QRgb* pixels = tile.pixels();
+/// Paints the runs of a part inside a place of a tile, but for axes that are painted apart.
+void RasterRotation::paintTile(Tile& tile, const QRect& place, const Part& part, QPoint centre) {
+    QRgb* const pixels = pixelsOf(tile);
+    const std::ptrdiff_t pixelsPerRow = tile.pixelsPerRow();
     for (int y = place.top(); y <= place.bottom(); ++y) {
-        const Columns columns = m_rows[static_cast<std::size_t>(y - m_firstRow)];
+        const Columns columns = part.rows[static_cast<std::size_t>(y - part.firstRow)];
         const int left = std::max(columns.first + centre.x(), place.left());
         const int right = std::min(columns.last + centre.x(), place.right());
         if (m_hasOwnAxes && y == centre.y())
             continue;
-        QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
+        QRgb* row = pixels + y % Raster::TileSide * pixelsPerRow;
         const bool crossed = m_hasOwnAxes && left <= centre.x() && centre.x() <= right;
-        paintRun(row, QPoint(left, y), (crossed ? centre.x() : right + 1) - left, centre);
+        paintRun(row, QPoint(left, y), (crossed ? centre.x() : right + 1) - left, part.patch, centre);
         if (crossed)
-            paintRun(row, QPoint(centre.x() + 1, y), right - centre.x(), centre);
+            paintRun(row, QPoint(centre.x() + 1, y), right - centre.x(), part.patch, centre);
     }
 }
 
-void RasterRotation::paintRun(QRgb* row, QPoint at, int count, QPoint centre) const {
+/// Several patches may paint different pixels of one tile at a time: whoever comes first makes it writable.
+QRgb* RasterRotation::pixelsOf(Tile& tile) {
+    const std::scoped_lock lock(m_tiles);
+    return tile.pixels();
+}
+
+void RasterRotation::paintRun(QRgb* row, QPoint at, int count, const SourcePatch& patch,
+                              QPoint centre) const {
     if (count <= 0)
         return;
     RotationMap::Point from = m_map.sourceOf(at - centre);
-    from.x -= m_patch.area().left() * RotationMap::One;
-    from.y -= m_patch.area().top() * RotationMap::One;
-    const QRgb* pixels = m_patch.at(0, 0);
-    const auto nearest = [pixels](Fixed x, Fixed y) {
-        return pixels + (y >> RotationMap::FractionBits) * SourcePatch::Side +
-               (x >> RotationMap::FractionBits);
-    };
+    from.x -= patch.area().left() * RotationMap::One;
+    from.y -= patch.area().top() * RotationMap::One;
     QRgb* out = row + at.x() % Raster::TileSide;
-    if (m_sampling == Sampling::Nearest)
-        layRunOver(out, count, from, m_map.step(), [nearest](Fixed x, Fixed y) { return *nearest(x, y); });
-    else
-        layRunOver(out, count, from, m_map.step(), [nearest](Fixed x, Fixed y) {
-            return mixedPixel(nearest(x, y), subpixelPart(x), subpixelPart(y));
-        });
+    if (m_sampling == Sampling::Nearest) {
+        layNearestOver(out, count, patch, from, m_map.step());
+        return;
+    }
+    for (QRgb* const end = out + count; out != end; ++out) {
+        const QRgb* nearest = patch.at(static_cast<int>(from.x >> RotationMap::FractionBits),
+                                       static_cast<int>(from.y >> RotationMap::FractionBits));
+        *out = laidOver(mixedPixel(nearest, subpixelPart(from.x), subpixelPart(from.y)), *out);
+        from.x += m_map.step().x;
+        from.y += m_map.step().y;
+    }
 }
 
 /// The row and the column of the centre, where coordinates lie exactly between two pixels, as at multiples of
@@ -176,14 +143,14 @@ void RasterRotation::paintRun(QRgb* row, QPoint at, int count, QPoint centre) co
 /// the plane in quarter turns from radius and angle, the column first and the row after it, so that each of
 /// these pixels has two source points; the later one counts, or the earlier if nothing is to be copied from
 /// that.
-void RasterRotation::paintAxes(Raster& destination, QPoint centre) {
+void RasterRotation::paintAxes(Raster& destination, SourcePatch& patch, QPoint centre) {
     const double angle = m_map.radians();
     const double quarterOn = angle + RotationMap::Pi / 2;
     QPoint direction(1, 0);
     QPointF later(std::cos(angle), std::sin(angle));
     QPointF earlier = quarterTurned(QPointF(std::cos(quarterOn), std::sin(quarterOn)));
     for (int turn = 0; turn < 4; ++turn) {
-        paintAxis(destination, centre, direction, later, earlier);
+        paintAxis(destination, patch, centre, direction, later, earlier);
         direction = quarterTurned(direction);
         later = quarterTurned(later);
         earlier = quarterTurned(earlier);
@@ -191,24 +158,24 @@ void RasterRotation::paintAxes(Raster& destination, QPoint centre) {
 }
 
 /// One arm of the cross, from the centre on until its source points leave the picture.
-void RasterRotation::paintAxis(Raster& destination, QPoint centre, QPoint direction, QPointF later,
-                               QPointF earlier) {
+void RasterRotation::paintAxis(Raster& destination, SourcePatch& patch, QPoint centre, QPoint direction,
+                               QPointF later, QPointF earlier) {
     for (int radius = 0; radius <= m_map.reach(); ++radius) {
         const QPointF from = m_map.middle() + radius * later;
         const QPointF before = m_map.middle() + radius * earlier;
         if (!m_source.rect().contains(pixelAt(from)) && !m_source.rect().contains(pixelAt(before)))
             return;
         const QPoint at = centre + radius * direction;
-        if (!paintPixel(destination, at, from))
-            paintPixel(destination, at, before);
+        if (!paintPixel(destination, patch, at, from))
+            paintPixel(destination, patch, at, before);
     }
 }
 
 /// Copies one pixel from a point of the source; tells whether there was one to copy.
-bool RasterRotation::paintPixel(Raster& destination, QPoint at, QPointF from) {
+bool RasterRotation::paintPixel(Raster& destination, SourcePatch& patch, QPoint at, QPointF from) {
     const QPoint pixel = pixelAt(from);
-    m_patch.load(m_source, QRect(pixel, QSize(1, 1)).adjusted(-m_margin, -m_margin, m_margin, m_margin));
-    const QRgb* nearest = m_patch.at(m_margin, m_margin);
+    patch.load(m_source, QRect(pixel, QSize(1, 1)).adjusted(-m_margin, -m_margin, m_margin, m_margin));
+    const QRgb* nearest = patch.at(m_margin, m_margin);
     if (*nearest == SourcePatch::Nothing)
         return false;
     const QPointF inside = from - pixel;

@@ -6,6 +6,7 @@
 
 #include <QPointF>
 
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -18,7 +19,7 @@ enum class Sampling { Nearest, Mixed };
 /// Every destination pixel fetches its colour from the source. The source is gone through patch by patch,
 /// each read once in the order of memory and painted while it is in the cache; a patch without anything to
 /// copy costs no more than that reading. What is written are the runs of destination pixels that read the
-/// patch.
+/// patch; no two patches are read by one pixel, so several are painted at a time.
 class RasterRotation {
 public:
     /// The source must outlive the rotation. Its pixels of the colour `skipped` are not copied.
@@ -31,23 +32,34 @@ public:
     void paint(Raster& destination, QPoint centre);
 
 private:
-    void paintPatch(Raster& destination, const QRect& area, QPoint centre);
-    void paintTile(Tile& tile, const QRect& place, QPoint centre) const;
-    /// `row` is that of the tile in which the point `at` lies.
-    void paintRun(QRgb* row, QPoint at, int count, QPoint centre) const;
+    /// A patch of the source and what of the destination reads it.
+    struct Part {
+        explicit Part(std::optional<Colour> skipped)
+            : patch(skipped) {}
 
-    void paintAxes(Raster& destination, QPoint centre);
-    void paintAxis(Raster& destination, QPoint centre, QPoint direction, QPointF later, QPointF earlier);
-    bool paintPixel(Raster& destination, QPoint at, QPointF from);
+        SourcePatch patch;
+        int firstRow = 0;                       // of the destination
+        std::vector<RotationMap::Columns> rows; // from there on, the columns that read the patch
+    };
+
+    void paintPart(Raster& destination, Part& part, const QRect& area, QPoint centre);
+    void paintTile(Tile& tile, const QRect& place, const Part& part, QPoint centre);
+    QRgb* pixelsOf(Tile& tile);
+    /// `row` is that of the tile in which the point `at` lies.
+    void paintRun(QRgb* row, QPoint at, int count, const SourcePatch& patch, QPoint centre) const;
+
+    void paintAxes(Raster& destination, SourcePatch& patch, QPoint centre);
+    void paintAxis(Raster& destination, SourcePatch& patch, QPoint centre, QPoint direction, QPointF later,
+                   QPointF earlier);
+    bool paintPixel(Raster& destination, SourcePatch& patch, QPoint at, QPointF from);
 
     const Raster& m_source;
     RotationMap m_map;
+    std::optional<Colour> m_skipped;
     Sampling m_sampling;
     int m_margin;      // pixels needed around those that are read
     bool m_hasOwnAxes; // the row and the column of the centre are painted apart, see paintAxes()
-    SourcePatch m_patch;
-    int m_firstRow = 0;                       // of the destination
-    std::vector<RotationMap::Columns> m_rows; // from there on, the columns that read the patch
+    std::mutex m_tiles;
 };
 
 } // namespace ovrano

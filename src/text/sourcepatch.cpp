@@ -16,39 +16,51 @@ QRgb pixelToSkip(std::optional<Colour> colour) {
     return exists ? toPixel(*colour) : SourcePatch::Nothing;
 }
 
-/// Copies pixels with those to skip as Nothing; tells whether there were others.
-OVRANO_VECTORISED bool copyRow(const QRgb* in, int count, QRgb skipped, QRgb* out) {
-    QRgb seen = SourcePatch::Nothing;
+/// What has been copied: bits of any pixel, and bits of all.
+struct Copied {
+    QRgb any;
+    QRgb all;
+};
+
+/// Copies pixels with those to skip as Nothing.
+OVRANO_VECTORISED Copied copyRow(const QRgb* in, int count, QRgb skipped, QRgb* out) {
+    QRgb any = SourcePatch::Nothing;
+    QRgb all = ~SourcePatch::Nothing;
     for (int x = 0; x < count; ++x) {
         const QRgb pixel = in[x] | Opaque;
-        const QRgb kept = pixel == skipped ? SourcePatch::Nothing : pixel;
+        const QRgb kept = pixel & (pixel == skipped ? SourcePatch::Nothing : ~SourcePatch::Nothing);
         out[x] = kept;
-        seen |= kept;
+        any |= kept;
+        all &= kept;
     }
-    return seen != SourcePatch::Nothing;
+    return {any, all};
 }
 
 } // namespace
 
 SourcePatch::SourcePatch(std::optional<Colour> skipped)
     : m_skipped(pixelToSkip(skipped))
-    , m_pixels(std::size_t(Side) * Side, Nothing) {}
+    , m_memory(Tile::unwritten(QSize(Side, Side)))
+    , m_pixels(m_memory.pixels()) {}
 
 void SourcePatch::load(const Raster& raster, const QRect& area) {
     m_area = area;
     m_inkedRows = QRect();
-    if (!raster.rect().contains(area))
-        std::fill_n(m_pixels.begin(), area.height() * Side, Nothing);
+    m_isWhole = raster.rect().contains(area);
+    if (!m_isWhole)
+        std::fill_n(m_pixels, area.height() * Side, Nothing);
     raster.readTiles(area, [this](const QImage& tile, const QRect& place) { copyTile(tile, place); });
 }
 
 void SourcePatch::copyTile(const QImage& tile, const QRect& place) {
     const int left = place.left() % Raster::TileSide;
     const QPoint to = place.topLeft() - m_area.topLeft();
-    QRgb* out = m_pixels.data() + std::ptrdiff_t{to.y()} * Side + to.x();
+    QRgb* out = m_pixels + std::ptrdiff_t{to.y()} * Side + to.x();
     for (int y = place.top(); y <= place.bottom(); ++y, out += Side) {
         const auto* row = reinterpret_cast<const QRgb*>(tile.constScanLine(y % Raster::TileSide));
-        if (copyRow(row + left, place.width(), m_skipped, out))
+        const Copied copied = copyRow(row + left, place.width(), m_skipped, out);
+        m_isWhole = m_isWhole && (copied.all & Opaque) == Opaque;
+        if (copied.any != Nothing)
             m_inkedRows |= QRect(m_area.left(), y, m_area.width(), 1);
     }
 }

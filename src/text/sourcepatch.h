@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 namespace ovrano {
 
@@ -18,18 +17,22 @@ public:
     static constexpr int Side = Raster::TileSide;
     static constexpr QRgb Nothing = 0;
 
-    /// Pixels of the colour `skipped` are taken for Nothing.
+    /// Pixels of the colour `skipped` are taken for Nothing. Throws RuntimeError 7 without memory.
     explicit SourcePatch(std::optional<Colour> skipped);
+    SourcePatch(const SourcePatch&) = delete;
+    SourcePatch& operator=(const SourcePatch&) = delete;
 
     /// Copies an area of at most Side × Side pixels, any part of which may lie outside the raster.
     void load(const Raster& raster, const QRect& area);
 
     const QRect& area() const { return m_area; }
+    /// Whether none of the area's pixels is Nothing.
+    bool isWhole() const { return m_isWhole; }
     /// The rows of the area between the first and the last with a pixel that is not Nothing.
     const QRect& inkedRows() const { return m_inkedRows; }
 
     /// The pixel at a place of the area; the pixel below it is Side further on.
-    const QRgb* at(int x, int y) const { return m_pixels.data() + std::ptrdiff_t{y} * Side + x; }
+    const QRgb* at(int x, int y) const { return m_pixels + std::ptrdiff_t{y} * Side + x; }
 
 private:
     void copyTile(const QImage& tile, const QRect& place);
@@ -37,7 +40,9 @@ private:
     QRgb m_skipped;
     QRect m_area;
     QRect m_inkedRows;
-    std::vector<QRgb> m_pixels;
+    bool m_isWhole = false;
+    Tile m_memory; // kept for the next patch when this one goes
+    QRgb* m_pixels;
 };
 
 } // namespace ovrano
