@@ -2,6 +2,8 @@
 
 #include "platform/vectorised.h"
 
+#include <cstddef>
+
 namespace ovrano {
 
 namespace {
@@ -13,15 +15,26 @@ constexpr unsigned dividedBy255(unsigned value) {
     return (value + 128 + ((value + 128) >> 8)) >> 8;
 }
 
-OVRANO_VECTORISED void blendRow(QRgb* row, const uchar* mask, int count, QRgb colour) {
+/// Rows of pixels or of a mask, which need not lie close to each other.
+template<typename Value>
+struct Rows {
+    Value* first;
+    std::ptrdiff_t valuesPerRow;
+};
+
+OVRANO_VECTORISED void blendRows(Rows<QRgb> onto, Rows<const uchar> mask, QSize size, QRgb colour) {
     const unsigned red = (colour >> 16) & Full, green = (colour >> 8) & Full, blue = colour & Full;
-    for (int x = 0; x < count; ++x) {
-        const unsigned some = mask[x], rest = Full - some;
-        const QRgb old = row[x];
-        const unsigned newRed = dividedBy255(((old >> 16) & Full) * rest + red * some);
-        const unsigned newGreen = dividedBy255(((old >> 8) & Full) * rest + green * some);
-        const unsigned newBlue = dividedBy255((old & Full) * rest + blue * some);
-        row[x] = 0xFF000000U | newRed << 16 | newGreen << 8 | newBlue;
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const unsigned some = mask.first[x], rest = Full - some;
+            const QRgb old = onto.first[x];
+            const unsigned newRed = dividedBy255(((old >> 16) & Full) * rest + red * some);
+            const unsigned newGreen = dividedBy255(((old >> 8) & Full) * rest + green * some);
+            const unsigned newBlue = dividedBy255((old & Full) * rest + blue * some);
+            onto.first[x] = 0xFF000000U | newRed << 16 | newGreen << 8 | newBlue;
+        }
+        onto.first += onto.valuesPerRow;
+        mask.first += mask.valuesPerRow;
     }
 }
 
@@ -31,12 +44,11 @@ void blendCoverage(Surface& surface, const QImage& mask, QPoint at, Colour colou
     const QRgb pixel = toPixel(colour);
     surface.editImage(QRect(at, mask.size()), [&](Raster& image, const QRect& area) {
         image.writeTiles(area, [&](Tile& tile, const QRect& place) {
-            QRgb* pixels = tile.pixels();
-            for (int y = place.top(); y <= place.bottom(); ++y) {
-                QRgb* row = pixels + y % Raster::TileSide * tile.pixelsPerRow();
-                blendRow(row + place.left() % Raster::TileSide,
-                         mask.constScanLine(y - at.y()) + (place.left() - at.x()), place.width(), pixel);
-            }
+            const std::ptrdiff_t pixelsPerRow = tile.pixelsPerRow();
+            QRgb* first = tile.pixels() + place.top() % Raster::TileSide * pixelsPerRow +
+                          place.left() % Raster::TileSide;
+            const uchar* covers = mask.constScanLine(place.top() - at.y()) + (place.left() - at.x());
+            blendRows({first, pixelsPerRow}, {covers, mask.bytesPerLine()}, place.size(), pixel);
         });
     });
 }

@@ -122,7 +122,7 @@ TurnedCharacters::Character TurnedCharacters::measured(const QString& text) cons
             QRectF(0, 0, metrics.horizontalAdvance(text), height).adjusted(-height, -height, height, height);
     }
     path.setFillRule(Qt::WindingFill);
-    return {text, path, ink, pictured, !pictured && reachOf(ink) < LargestReach};
+    return {text, path, path.toSubpathPolygons(), ink, pictured, !pictured && reachOf(ink) < LargestReach};
 }
 
 const TurnedCharacters::Mask& TurnedCharacters::mask(const Character& character, int angle) {
@@ -145,13 +145,18 @@ TurnedCharacters::Mask TurnedCharacters::upright(const Character& character) con
 
 TurnedCharacters::Mask TurnedCharacters::turned(const Character& character, double degrees) {
     const QTransform turn = QTransform().rotate(-degrees);
-    const QRect window = turn.mapRect(character.ink).toAlignedRect();
-    AreaMask mask(window);
-    for (const QPolygonF& contour : character.outline.toSubpathPolygons()) {
-        const QPolygonF moved = turn.map(contour);
-        for (qsizetype i = 0; i < moved.size(); ++i)
-            mask.addEdge(moved.at(i), moved.at(i + 1 < moved.size() ? i + 1 : 0));
+    QList<QPolygonF> contours;
+    QRectF ink;
+    for (const QPolygonF& contour : character.contours) {
+        contours.append(turn.map(contour));
+        ink |= contours.constLast().boundingRect();
     }
+    const QRect window =
+        ink.toAlignedRect(); // where the ink is, rather than all that its upright box turns into
+    AreaMask mask(window);
+    for (const QPolygonF& contour : contours)
+        for (qsizetype i = 0; i < contour.size(); ++i)
+            mask.addEdge(contour.at(i), contour.at(i + 1 < contour.size() ? i + 1 : 0));
     return {mask.coverage(), window.topLeft()};
 }
 

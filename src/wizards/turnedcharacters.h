@@ -6,8 +6,10 @@
 #include <QFont>
 #include <QHash>
 #include <QImage>
+#include <QList>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPolygonF>
 #include <QRect>
 #include <QString>
 #include <QTransform>
@@ -47,6 +49,7 @@ private:
     struct Character {
         QString text;
         QPainterPath outline;
+        QList<QPolygonF> contours; // the outline without curves
         QRectF ink;
         bool pictured; // in colours of its own
         bool masked;   // drawn through a mask that is kept; otherwise painted anew
