@@ -37,7 +37,7 @@ BmpRows::BmpRows(std::shared_ptr<SharedFile> file, QSize size)
     , m_size(size)
     , m_row(static_cast<std::size_t>(size.width())) {}
 
-std::unique_ptr<PixelRows> BmpRows::anotherReader() {
+std::unique_ptr<PixelRows> BmpRows::anotherReader() const {
     return std::unique_ptr<PixelRows>(new BmpRows(m_file, m_size));
 }
 

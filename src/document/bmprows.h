@@ -24,7 +24,7 @@ public:
     /// Throws RuntimeError 57 when the file cannot be read any more.
     const QRgb* row(int y) override;
     /// Reads the same open file, whatever becomes of its name meanwhile.
-    std::unique_ptr<PixelRows> anotherReader() override;
+    std::unique_ptr<PixelRows> anotherReader() const override;
 
 private:
     /// A file with one place for reading, which several readers move.

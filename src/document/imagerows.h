@@ -14,7 +14,7 @@ public:
 
     QSize size() const override { return m_image.size(); }
     const QRgb* row(int y) override { return reinterpret_cast<const QRgb*>(m_image.constScanLine(y)); }
-    std::unique_ptr<PixelRows> anotherReader() override { return std::make_unique<ImageRows>(m_image); }
+    std::unique_ptr<PixelRows> anotherReader() const override { return std::make_unique<ImageRows>(m_image); }
 
 private:
     QImage m_image;

@@ -122,7 +122,6 @@ ColourCounts countColours(PixelRows& rows) {
     PerWorker<ColourCounts> counts([] { return std::make_unique<ColourCounts>(); });
     forEachRowInParallel(
         rows, [&](int worker, int, const QRgb* row) { counts.of(worker).add(row, rows.size().width()); });
-    constexpr int Caller = 0;
     ColourCounts& all = counts.of(Caller);
     counts.forEach([&all](const ColourCounts& some) {
         if (&some != &all)

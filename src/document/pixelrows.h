@@ -26,8 +26,9 @@ public:
     /// Row y, counted from the top, as size().width() pixels 0xFFRRGGBB. It stays valid until the next call.
     virtual const QRgb* row(int y) = 0;
 
-    /// Another reader of the same picture, for another thread: one reader is for one thread at a time.
-    virtual std::unique_ptr<PixelRows> anotherReader() = 0;
+    /// Another reader of the same picture: rows are read by one thread from each reader. Several threads may
+    /// ask for one at a time.
+    virtual std::unique_ptr<PixelRows> anotherReader() const = 0;
 
     /// How many rows one reader had better read one after the other, from a multiple of that number on: as
     /// many as are fetched at once.

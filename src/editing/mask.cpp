@@ -1,6 +1,7 @@
 #include "editing/mask.h"
 
 #include "platform/parallel.h"
+#include "platform/rows.h"
 #include "platform/vectorised.h"
 
 #include <algorithm>
@@ -29,13 +30,6 @@ struct Recolouring {
     }
 };
 
-/// Pixels in rows that need not lie close to each other.
-template<typename Pixel>
-struct Rows {
-    Pixel* first;
-    std::ptrdiff_t pixelsPerRow;
-};
-
 Rows<const QRgb> rowsOf(const QImage& tile, QPoint corner = QPoint(0, 0)) {
     const auto* row = reinterpret_cast<const QRgb*>(tile.constScanLine(corner.y()));
     return {row + corner.x(), tile.bytesPerLine() / qsizetype{sizeof(QRgb)}};
@@ -55,8 +49,8 @@ OVRANO_VECTORISED void recolourRows(Rows<QRgb> out, Rows<const QRgb> in, QSize s
             const QRgb change = wanted.meets(in.first[x]);
             out.first[x] = (in.first[x] & ~change) | (wanted.colour & change);
         }
-        out.first += out.pixelsPerRow;
-        in.first += in.pixelsPerRow;
+        out.first += out.perRow;
+        in.first += in.perRow;
     }
 }
 
@@ -66,16 +60,16 @@ OVRANO_VECTORISED void composeRows(Rows<QRgb> onto, Rows<const QRgb> block, Rows
     for (int y = 0; y < size.height(); ++y) {
         for (int x = 0; x < size.width(); ++x)
             onto.first[x] = (~mask.first[x] | onto.first[x]) & block.first[x];
-        onto.first += onto.pixelsPerRow;
-        block.first += block.pixelsPerRow;
-        mask.first += mask.pixelsPerRow;
+        onto.first += onto.perRow;
+        block.first += block.perRow;
+        mask.first += mask.perRow;
     }
 }
 
 bool tileHas(const QImage& tile, const Recolouring& wanted) {
     const Rows<const QRgb> rows = rowsOf(tile);
     for (int y = 0; y < tile.height(); ++y)
-        if (rowHas(rows.first + y * rows.pixelsPerRow, tile.width(), wanted))
+        if (rowHas(rows.first + y * rows.perRow, tile.width(), wanted))
             return true;
     return false;
 }

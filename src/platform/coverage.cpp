@@ -1,5 +1,6 @@
 #include "platform/coverage.h"
 
+#include "platform/rows.h"
 #include "platform/vectorised.h"
 
 #include <cstddef>
@@ -15,13 +16,6 @@ constexpr unsigned dividedBy255(unsigned value) {
     return (value + 128 + ((value + 128) >> 8)) >> 8;
 }
 
-/// Rows of pixels or of a mask, which need not lie close to each other.
-template<typename Value>
-struct Rows {
-    Value* first;
-    std::ptrdiff_t valuesPerRow;
-};
-
 OVRANO_VECTORISED void blendRows(Rows<QRgb> onto, Rows<const uchar> mask, QSize size, QRgb colour) {
     const unsigned red = (colour >> 16) & Full, green = (colour >> 8) & Full, blue = colour & Full;
     for (int y = 0; y < size.height(); ++y) {
@@ -33,8 +27,8 @@ OVRANO_VECTORISED void blendRows(Rows<QRgb> onto, Rows<const uchar> mask, QSize 
             const unsigned newBlue = dividedBy255((old & Full) * rest + blue * some);
             onto.first[x] = 0xFF000000U | newRed << 16 | newGreen << 8 | newBlue;
         }
-        onto.first += onto.valuesPerRow;
-        mask.first += mask.valuesPerRow;
+        onto.first += onto.perRow;
+        mask.first += mask.perRow;
     }
 }
 

@@ -16,8 +16,8 @@ namespace {
 
 using Work = std::function<void(int worker, int item)>;
 
-/// Items that several threads take one by one. A helper that comes too late, when all are taken, finds
-/// nothing to do and is not waited for.
+/// Items that several threads take one by one. A helper that comes too late, when all are taken, does not
+/// touch the work, which may be gone by then, and is not waited for.
 class SharedItems {
 public:
     SharedItems(int items, const Work& work)
@@ -39,8 +39,6 @@ public:
     void help(int worker) noexcept {
         {
             const std::scoped_lock lock(m_mutex);
-            if (m_isOver)
-                return; // the work may be gone already
             ++m_helping;
         }
         takeAll(worker);
@@ -49,10 +47,9 @@ public:
         m_helperIsThrough.notify_one();
     }
 
-    /// Waits for the items that helpers have begun.
+    /// Waits for the items that helpers have begun. All items are taken.
     void finish() {
         std::unique_lock lock(m_mutex);
-        m_isOver = true;
         m_helperIsThrough.wait(lock, [this] { return m_helping == 0; });
         if (m_failure)
             std::rethrow_exception(m_failure);
@@ -65,14 +62,13 @@ private:
     std::mutex m_mutex; // for what follows
     std::condition_variable m_helperIsThrough;
     int m_helping = 0;
-    bool m_isOver = false;
     std::exception_ptr m_failure;
 };
 
 void callHelpers(const std::shared_ptr<SharedItems>& shared, int count) noexcept {
     try {
         for (int worker = 1; worker <= count; ++worker)
-            if (!QThreadPool::globalInstance()->tryStart([shared, worker] { shared->help(worker); }))
+            if (!helperThreads().tryStart([shared, worker] { shared->help(worker); }))
                 return;
     } catch (const std::bad_alloc&) {
         return; // who has been called is enough
@@ -81,15 +77,24 @@ void callHelpers(const std::shared_ptr<SharedItems>& shared, int count) noexcept
 
 } // namespace
 
+QThreadPool& helperThreads() {
+    static auto* const threads = [] {
+        auto* const made = new QThreadPool;
+        made->setExpiryTimeout(-1);
+        return made;
+    }();
+    return *threads;
+}
+
 int mostWorkers() {
     constexpr int Most = 4;
-    return std::clamp(QThreadPool::globalInstance()->maxThreadCount(), 1, Most);
+    return std::clamp(helperThreads().maxThreadCount(), 1, Most);
 }
 
 void inParallel(int items, const Work& work) {
     const auto shared = std::make_shared<SharedItems>(items, work);
     callHelpers(shared, std::min(items, mostWorkers()) - 1);
-    shared->takeAll(0);
+    shared->takeAll(Caller);
     shared->finish();
 }
 

@@ -79,8 +79,8 @@ public:
     template<typename Visit>
     void writeTiles(const QRect& area, Visit&& visit);
 
-    /// Makes the list of tiles this raster's own, not yet the tiles, so that several threads may write
-    /// different tiles from now on.
+    /// Makes the list of tiles this raster's own, not yet the tiles, so that several threads may reach for
+    /// them to write. One tile's pixels() is for one thread at a time.
     void makeUnshared() { m_tiles.detach(); }
 
     /// The area of all tiles that meet an area.

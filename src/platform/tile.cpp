@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t FullBytes = sizeof(QRgb) * Tile::Side * Tile::Side;
 constexpr std::size_t CacheLine = 64; // bytes
 
-/// The memory of full tiles. What comes back is kept as long as it is not more than what is in use, so that a
-/// picture that is closed gives its memory back to the system. Pictures may go in any thread.
+/// The memory of tiles, of one size. What comes back is kept as long as it is not more than what is in use,
+/// so that a picture that is closed gives its memory back to the system. Pictures may go in any thread.
 class TileMemory {
 public:
     /// Null when there is none.
@@ -65,6 +65,8 @@ private:
 
 /// Whether a tile gets the memory of a full one: less than half of it may go unused.
 bool isPooled(QSize size) {
+    if (size.width() > Tile::Side || size.height() > Tile::Side)
+        return false;
     return 2 * sizeof(QRgb) * static_cast<std::size_t>(size.width()) *
                static_cast<std::size_t>(size.height()) >
            FullBytes;

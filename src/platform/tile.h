@@ -11,11 +11,11 @@ namespace ovrano {
 /// A small picture, 32-bit RGB (QImage::Format_RGB32), that copies share until one of them is written. It is
 /// what rasters are made of.
 ///
-/// Its memory is kept when it goes and given to the next one: memory fresh from the system costs more, for
-/// its page faults, than all that most tiles are written with.
+/// Its memory is kept when it goes and given to the next one, unless the tile is less than half a full one:
+/// memory fresh from the system costs more, for its page faults, than all that most tiles are written with.
 class Tile {
 public:
-    /// Side in pixels of a full tile, the one whose memory is kept.
+    /// Side in pixels of a full tile, the largest there is.
     static constexpr int Side = 256;
 
     /// Of size 0 × 0.
@@ -41,7 +41,7 @@ public:
     QRgb* pixels();
     std::ptrdiff_t pixelsPerRow() const;
 
-    /// How many full tiles' memory is kept for the next ones (for tests).
+    /// The memory of how many tiles is kept for the next ones (for tests).
     static std::size_t kept();
 
 private:

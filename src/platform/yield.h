@@ -8,8 +8,9 @@ namespace ovrano {
 
 class LongWork;
 
-/// Lets the window repaint during a long loop: call it once per column or row. It processes pending events
-/// at most every 16 ms and leaves user input waiting, so that no command starts inside another.
+/// Lets the window repaint during a long loop: call it after each row, or after what takes a few
+/// milliseconds. It processes pending events at most every 16 ms and leaves user input waiting, so that no
+/// command starts inside another.
 class EventYield {
 public:
     EventYield() { m_sinceLast.start(); }

@@ -76,6 +76,7 @@ OVRANO_VECTORISED void layGroupsOver(QRgb* out, int count, const QRgb* patch, Po
     Places places(from, step);
     for (int i = 0; i < count; i += Group, places.next()) {
         const Pixels samples = {patch[places[0]], patch[places[1]], patch[places[2]], patch[places[3]]};
+        // The highest bit of a pixel is set, that of Nothing is not.
         if (((samples[0] | samples[1] | samples[2] | samples[3]) >> 31) == 0)
             continue;
         Pixels below;
@@ -94,8 +95,11 @@ void layNearestOver(QRgb* out, int count, const SourcePatch& patch, RotationMap:
     const QRgb* pixels = patch.at(0, 0);
     const auto lay = patch.isWhole() ? copyGroups : layGroupsOver;
     lay(out, inGroups, pixels, from, step);
-    for (int i = inGroups; i < count; ++i)
-        out[i] = laidOver(pixels[placeOf({from.x + i * step.x, from.y + i * step.y})], out[i]);
+    for (int i = inGroups; i < count; ++i) {
+        const QRgb sample = pixels[placeOf({from.x + i * step.x, from.y + i * step.y})];
+        if (sample != SourcePatch::Nothing)
+            out[i] = sample;
+    }
 }
 
 } // namespace ovrano

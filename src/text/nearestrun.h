@@ -11,12 +11,4 @@ namespace ovrano {
 void layNearestOver(QRgb* out, int count, const SourcePatch& patch, RotationMap::Point from,
                     RotationMap::Point step);
 
-/// A sample, or what is below where the sample is Nothing: the highest bit of a pixel is set, that of Nothing
-/// is not. Without a branch: along ragged edges between ink and background it would be guessed wrong all the
-/// time.
-inline QRgb laidOver(QRgb sample, QRgb below) {
-    const QRgb covers = 0U - (sample >> 31);
-    return sample | (below & ~covers);
-}
-
 } // namespace ovrano

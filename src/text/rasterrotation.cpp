@@ -1,7 +1,6 @@
 #include "text/rasterrotation.h"
 
 #include "platform/numbers.h"
-#include "platform/parallel.h"
 #include "text/nearestrun.h"
 #include "text/subpixel.h"
 
@@ -50,10 +49,12 @@ RasterRotation::RasterRotation(const Raster& source, double degrees, std::option
                                Sampling sampling)
     : m_source(source)
     , m_map(source.size(), degrees)
-    , m_skipped(skipped)
     , m_sampling(sampling)
     , m_margin(sampling == Sampling::Mixed ? 1 : 0)
-    , m_hasOwnAxes(m_map.hasTiesOnAxes()) {}
+    , m_hasOwnAxes(m_map.hasTiesOnAxes())
+    , m_parts([skipped] { return std::make_unique<Part>(skipped); }) {
+    m_parts.of(Caller); // where there is no memory for it, nothing is painted
+}
 
 QRect RasterRotation::areaIn(QSize destination, QPoint centre) const {
     const Columns columns = reached(destination.width(), centre.x(), m_map.reach());
@@ -68,13 +69,12 @@ void RasterRotation::paint(Raster& destination, QPoint centre) {
     const int columns = (m_source.width() + side - 1) / side;
     const int rows = (m_source.height() + side - 1) / side;
     destination.makeUnshared();
-    PerWorker<Part> parts([this] { return std::make_unique<Part>(m_skipped); });
     inParallel(columns * rows, [&](int worker, int item) {
         const QRect area(item % columns * side, item / columns * side, side, side);
-        paintPart(destination, parts.of(worker), area & m_source.rect(), centre);
+        paintPart(destination, m_parts.of(worker), area & m_source.rect(), centre);
     });
     if (m_hasOwnAxes)
-        paintAxes(destination, parts.of(0).patch, centre);
+        paintAxes(destination, m_parts.of(Caller).patch, centre);
 }
 
 /// Paints the destination pixels that read an area of the source.
@@ -132,7 +132,9 @@ void RasterRotation::paintRun(QRgb* row, QPoint at, int count, const SourcePatch
     for (QRgb* const end = out + count; out != end; ++out) {
         const QRgb* nearest = patch.at(static_cast<int>(from.x >> RotationMap::FractionBits),
                                        static_cast<int>(from.y >> RotationMap::FractionBits));
-        *out = laidOver(mixedPixel(nearest, subpixelPart(from.x), subpixelPart(from.y)), *out);
+        const QRgb sample = mixedPixel(nearest, subpixelPart(from.x), subpixelPart(from.y));
+        if (sample != SourcePatch::Nothing)
+            *out = sample;
         from.x += m_map.step().x;
         from.y += m_map.step().y;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/parallel.h"
 #include "platform/raster.h"
 #include "text/rotationmap.h"
 #include "text/sourcepatch.h"
@@ -23,7 +24,7 @@ enum class Sampling { Nearest, Mixed };
 class RasterRotation {
 public:
     /// The source must outlive the rotation. Its pixels of the colour `skipped` are not copied.
-    /// Throws as RotationMap does.
+    /// Throws as RotationMap does, and RuntimeError 7 without memory.
     RasterRotation(const Raster& source, double degrees, std::optional<Colour> skipped, Sampling sampling);
 
     /// The part of a destination of this size that may change: a square around the centre, clipped.
@@ -55,10 +56,10 @@ private:
 
     const Raster& m_source;
     RotationMap m_map;
-    std::optional<Colour> m_skipped;
     Sampling m_sampling;
     int m_margin;      // pixels needed around those that are read
     bool m_hasOwnAxes; // the row and the column of the centre are painted apart, see paintAxes()
+    PerWorker<Part> m_parts;
     std::mutex m_tiles;
 };
 

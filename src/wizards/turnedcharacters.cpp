@@ -14,6 +14,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace ovrano {
 
@@ -151,10 +152,10 @@ TurnedCharacters::Mask TurnedCharacters::turned(const Character& character, doub
         contours.append(turn.map(contour));
         ink |= contours.constLast().boundingRect();
     }
-    const QRect window =
-        ink.toAlignedRect(); // where the ink is, rather than all that its upright box turns into
+    // Where the ink is, rather than all that its upright box turns into.
+    const QRect window = ink.toAlignedRect();
     AreaMask mask(window);
-    for (const QPolygonF& contour : contours)
+    for (const QPolygonF& contour : std::as_const(contours))
         for (qsizetype i = 0; i < contour.size(); ++i)
             mask.addEdge(contour.at(i), contour.at(i + 1 < contour.size() ? i + 1 : 0));
     return {mask.coverage(), window.topLeft()};

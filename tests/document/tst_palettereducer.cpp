@@ -132,7 +132,7 @@ public:
             throw RuntimeError(error::DeviceIo);
         return ImageRows::row(y);
     }
-    std::unique_ptr<PixelRows> anotherReader() override {
+    std::unique_ptr<PixelRows> anotherReader() const override {
         return std::make_unique<BrokenRows>(m_image, m_broken);
     }
 

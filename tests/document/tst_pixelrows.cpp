@@ -54,7 +54,7 @@ bool isRow(const Raster& picture, int y, const QRgb* row) {
 
 void PixelRowsTest::initTestCase() {
     QVERIFY(m_dir.isValid());
-    QThreadPool::globalInstance()->setMaxThreadCount(4); // whatever machine this is
+    helperThreads().setMaxThreadCount(4); // whatever machine this is
 }
 
 void PixelRowsTest::everyRowOnce_data() {

@@ -2,6 +2,7 @@
 #include "failing/scarcememory.h"
 #include "model/driver.h"
 #include "model/testpictures.h"
+#include "platform/parallel.h"
 #include "wizards/rotfonts.h"
 
 #include <QAbstractButton>
@@ -103,8 +104,8 @@ Q_DECLARE_METATYPE(ovrano::model::Step)
 Q_DECLARE_METATYPE(std::vector<ovrano::model::Step>)
 
 void OutOfMemoryTest::initTestCase() {
-    QThreadPool::globalInstance()->setMaxThreadCount(
-        1); // memory is scarce in this thread: none is to help it
+    // Memory is scarce in this thread: none is to help it.
+    helperThreads().setMaxThreadCount(1);
     m_driver = std::make_unique<Driver>();
     const QImage picture = patterned(PictureSize).toImage();
     put(m_driver->folder() + fileName(Bmp), encoded(picture, "BMP"));

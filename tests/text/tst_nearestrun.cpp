@@ -60,7 +60,6 @@ class TestNearestRun : public QObject {
 private Q_SLOTS:
     void equalsPixelByPixel_data();
     void equalsPixelByPixel();
-    void laysOver();
 };
 
 void TestNearestRun::equalsPixelByPixel_data() {
@@ -90,11 +89,6 @@ void TestNearestRun::equalsPixelByPixel() {
         layNearestOver(pixels.data() + Margin, count, patch, from, step);
         QCOMPARE(pixels, laidSlowly(before, patch, count, from, step));
     }
-}
-
-void TestNearestRun::laysOver() {
-    QCOMPARE(laidOver(qRgb(1, 2, 3), qRgb(4, 5, 6)), qRgb(1, 2, 3));
-    QCOMPARE(laidOver(SourcePatch::Nothing, qRgb(4, 5, 6)), qRgb(4, 5, 6));
 }
 
 QTEST_GUILESS_MAIN(TestNearestRun)
