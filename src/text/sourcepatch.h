@@ -21,6 +21,7 @@ public:
     explicit SourcePatch(std::optional<Colour> skipped);
     SourcePatch(const SourcePatch&) = delete;
     SourcePatch& operator=(const SourcePatch&) = delete;
+    ~SourcePatch() = default;
 
     /// Copies an area of at most Side × Side pixels, any part of which may lie outside the raster.
     void load(const Raster& raster, const QRect& area);

@@ -34,20 +34,22 @@ RotationMap::Fixed toFixed(double coordinate) {
 }
 
 std::vector<QRgb> background(int count) {
-    std::vector<QRgb> pixels;
-    for (int i = 0; i < count; ++i)
-        pixels.push_back(qRgb(200, i % 256, 100));
+    std::vector<QRgb> pixels(static_cast<std::size_t>(count));
+    int number = 0;
+    for (QRgb& pixel : pixels)
+        pixel = qRgb(200, number++ % 256, 100);
     return pixels;
 }
 
 /// Pixel by pixel.
 std::vector<QRgb> laidSlowly(std::vector<QRgb> pixels, const SourcePatch& patch, int count,
                              RotationMap::Point from, RotationMap::Point step) {
-    for (int i = 0; i < count; ++i) {
+    auto pixel = pixels.begin() + Margin;
+    for (int i = 0; i < count; ++i, ++pixel) {
         const QRgb sample = *patch.at(static_cast<int>((from.x + i * step.x) / RotationMap::One),
                                       static_cast<int>((from.y + i * step.y) / RotationMap::One));
         if (sample != SourcePatch::Nothing)
-            pixels[static_cast<std::size_t>(Margin + i)] = sample;
+            *pixel = sample;
     }
     return pixels;
 }
