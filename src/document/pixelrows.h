@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
-#include <type_traits>
 
 namespace ovrano {
 
@@ -43,19 +42,14 @@ public:
 void forEachRowInParallel(PixelRows& rows,
                           const std::function<void(int worker, int y, const QRgb* row)>& visit);
 
-/// Calls visit(y, row) for each row, from the top, and lets the window repaint meanwhile. A visit that gives
-/// false ends it; whether it came to the last row is told.
+/// Calls visit(y, row) for each row, from the top, and lets the window repaint meanwhile.
 template<typename Visit>
-bool forEachRow(PixelRows& rows, Visit&& visit) {
+void forEachRow(PixelRows& rows, Visit&& visit) {
     EventYield yield;
     for (int y = 0; y < rows.size().height(); ++y) {
-        if constexpr (std::is_void_v<decltype(visit(y, rows.row(y)))>)
-            visit(y, rows.row(y));
-        else if (!visit(y, rows.row(y)))
-            return false;
+        visit(y, rows.row(y));
         yield();
     }
-    return true;
 }
 
 } // namespace ovrano

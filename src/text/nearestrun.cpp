@@ -95,6 +95,7 @@ void layNearestOver(QRgb* out, int count, const SourcePatch& patch, RotationMap:
     const QRgb* pixels = patch.at(0, 0);
     const auto lay = patch.isWhole() ? copyGroups : layGroupsOver;
     lay(out, inGroups, pixels, from, step);
+    // The last ones singly: to begin another group takes longer.
     for (int i = inGroups; i < count; ++i) {
         const QRgb sample = pixels[placeOf({from.x + i * step.x, from.y + i * step.y})];
         if (sample != SourcePatch::Nothing)

@@ -83,7 +83,6 @@ class PictureDamageTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-
     void notAPicture_data();
     void notAPicture();
     void cutOff_data();

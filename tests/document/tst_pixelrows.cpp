@@ -108,7 +108,7 @@ void PixelRowsTest::aReaderKeepsTheFile() {
 }
 
 void PixelRowsTest::letsTheWindowRepaintMeanwhile() {
-    // As wide that each row is a band of its own.
+    // So wide that each row is a band of its own.
     ImageRows rows(patterned(QSize(70'000, 70)).toImage());
     const int before = EventYield::count();
     forEachRowInParallel(rows, [](int, int, const QRgb*) { QThread::msleep(3); });
