@@ -11,6 +11,12 @@ fail() {
 # Names of all C++ sources, each ended by a NUL.
 sources() { find src tests bench fuzz -name '*.cpp' -print0 -o -name '*.h' -print0; }
 
+# Names of all shell scripts, each ended by a NUL.
+shell_scripts() {
+    printf 'scripts/common.sh\0'
+    grep -rlZ -m 1 -E '^#!/bin/(ba)?sh' run test .ci bench scripts tests
+}
+
 # The packages of some groups of scripts/packages, one on each line.
 packages_of() {
     local wanted=" $* " group name

@@ -41,7 +41,7 @@ OVRANO_VECTORISED void packRow(const QRgb* pixels, std::size_t count, uchar* out
 void fetchAhead(const QRgb* pixels, int count) {
     constexpr int PixelsPerCacheLine = 64 / sizeof(QRgb);
     for (int i = 0; i < count; i += PixelsPerCacheLine)
-        __builtin_prefetch(pixels + i);
+        prefetch(pixels + i);
 }
 
 /// Packs some rows, the lowest first.

@@ -9,9 +9,6 @@ namespace ovrano {
 
 namespace {
 
-using Bytes [[gnu::vector_size(4)]] = std::uint8_t;
-using EightBytes [[gnu::vector_size(8)]] = std::uint8_t;
-
 // Three quarters of the classic 7, 3, 5 and 1 sixteenths, in 64ths.
 constexpr std::int16_t ToRight = 21;
 constexpr std::int16_t ToLowerLeft = 9;
@@ -74,13 +71,12 @@ void ErrorDiffusion::mapTogether(const std::array<const QRgb*, Count>& rows,
 }
 
 inline ErrorDiffusion::Channels ErrorDiffusion::toChannels(QRgb colour) {
-    // A zero after each byte: one instruction, where converting four bytes would take the compiler ten.
-    const auto bytes = std::bit_cast<EightBytes>(std::uint64_t{colour});
-    return std::bit_cast<Channels>(__builtin_shufflevector(bytes, EightBytes{}, 0, 8, 1, 9, 2, 10, 3, 11));
+    const auto bytes = std::bit_cast<Vector<std::uint8_t, 8>>(std::uint64_t{colour});
+    return std::bit_cast<Channels>(spreadByZeros(bytes));
 }
 
 inline QRgb ErrorDiffusion::toColour(Channels channels) {
-    return std::bit_cast<QRgb>(__builtin_convertvector(channels, Bytes));
+    return std::bit_cast<QRgb>(lowestBytes<std::int16_t>(channels));
 }
 
 inline std::uint8_t ErrorDiffusion::mapPixel(QRgb pixel, const Channels& above, Channels& lowerLeft,

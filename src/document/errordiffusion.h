@@ -3,6 +3,7 @@
 #include "document/colourset.h"
 #include "document/palette.h"
 #include "document/palettetable.h"
+#include "platform/vectorised.h"
 
 #include <QRgb>
 
@@ -45,7 +46,7 @@ public:
 private:
     /// The channels of a colour, of an error, or of a sum of errors weighted in 64ths, blue first. All of
     /// them are worked on at once. What is opaque comes and goes opaque: the error of the fourth is 0.
-    using Channels [[gnu::vector_size(8)]] = std::int16_t;
+    using Channels = Vector<std::int16_t, 4>;
 
     /// The errors of the two pixels before the one that is mapped.
     struct Trail {

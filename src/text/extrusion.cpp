@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace ovrano {
 
@@ -76,10 +75,10 @@ std::vector<TextLayer> extrusionLayers(Colour colour, std::int16_t depth, Direct
 
 std::vector<TextLayer> visibleLayers(const std::vector<TextLayer>& layers) {
     std::vector<TextLayer> visible;
-    for (const TextLayer& layer : std::ranges::reverse_view(layers)) {
-        const auto overprintsIt = [&](const TextLayer& later) { return pixelOf(layer) == pixelOf(later); };
+    for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
+        const auto overprintsIt = [&](const TextLayer& later) { return pixelOf(*layer) == pixelOf(later); };
         if (std::none_of(visible.begin(), visible.end(), overprintsIt))
-            visible.push_back(layer);
+            visible.push_back(*layer);
     }
     std::reverse(visible.begin(), visible.end());
     return visible;

@@ -15,7 +15,7 @@ constexpr int PlaceBits = std::bit_width(static_cast<unsigned>(SourcePatch::Side
 static_assert(SourcePatch::Side == 1 << PlaceBits);
 
 using Point = RotationMap::Point;
-using Pixels [[gnu::vector_size(16)]] = QRgb;
+using Pixels = Vector<QRgb, Group>;
 
 /// Where in a patch the pixel nearest to a point is.
 std::size_t placeOf(Point point) {
@@ -27,7 +27,7 @@ std::size_t placeOf(Point point) {
 /// part of the loops that they are called in, since these are compiled for several kinds of processors.
 class Places {
 public:
-    [[gnu::always_inline]] Places(Point from, Point step)
+    OVRANO_INLINED Places(Point from, Point step)
         : m_x{at(from.x), at(from.x + step.x), at(from.x + 2 * step.x), at(from.x + 3 * step.x)}
         , m_y{at(from.y), at(from.y + step.y), at(from.y + 2 * step.y), at(from.y + 3 * step.y)}
         , m_stepX(Coordinates{} + at(Group * step.x))
@@ -35,9 +35,9 @@ public:
         find();
     }
 
-    [[gnu::always_inline]] std::uint64_t operator[](int k) const { return m_places[k]; }
+    OVRANO_INLINED std::uint64_t operator[](int k) const { return m_places[k]; }
 
-    [[gnu::always_inline]] void next() {
+    OVRANO_INLINED void next() {
         m_x += m_stepX;
         m_y += m_stepY;
         find();
@@ -45,13 +45,13 @@ public:
 
 private:
     // Inside a patch no coordinate is negative, and as unsigned numbers all processors can shift them.
-    using Coordinates [[gnu::vector_size(32)]] = std::uint64_t;
+    using Coordinates = Vector<std::uint64_t, Group>;
 
-    [[gnu::always_inline]] static std::uint64_t at(RotationMap::Fixed coordinate) {
+    OVRANO_INLINED static std::uint64_t at(RotationMap::Fixed coordinate) {
         return static_cast<std::uint64_t>(coordinate);
     }
 
-    [[gnu::always_inline]] void find() {
+    OVRANO_INLINED void find() {
         m_places = (m_y >> RotationMap::FractionBits << PlaceBits) + (m_x >> RotationMap::FractionBits);
     }
 

@@ -8,6 +8,7 @@
 #include <QLayout>
 #include <QScreen>
 #include <QShowEvent>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -17,14 +18,13 @@ namespace {
 
 constexpr double LargestTypedSize = 999; // points
 
-/// What the window manager puts around a window that is shown; nothing for none.
+/// What the window manager puts around a window that is shown; nothing for none. The widget itself would keep
+/// what it is told first, and that may be the size of a frame that is still being made: smaller than the window.
 QMargins windowFrame(const QWidget* shown) {
-    if (!shown)
-        return {};
-    const QRect inner = shown->window()->geometry();
-    const QRect outer = shown->window()->frameGeometry();
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
+    const QWindow* window = shown ? shown->window()->windowHandle() : nullptr;
+    const QMargins frame = window ? window->frameMargins() : QMargins();
+    return {std::max(frame.left(), 0), std::max(frame.top(), 0), std::max(frame.right(), 0),
+            std::max(frame.bottom(), 0)};
 }
 
 } // namespace

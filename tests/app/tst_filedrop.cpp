@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QDropEvent>
 #include <QLabel>
@@ -109,5 +110,5 @@ void TestFileDrop::textStaysTheFields() {
     QVERIFY(m_window->findChild<QLineEdit*>(QStringLiteral("txbWriteText"))->text().contains("mot"));
 }
 
-QTEST_MAIN(TestFileDrop)
+OVRANO_TEST(TestFileDrop)
 #include "tst_filedrop.moc"

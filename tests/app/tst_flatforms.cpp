@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 #include "document/frmnouv3dtext.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 #include "ui/flatstyle.h"
 #include "ui/flatten.h"
 #include "wizards/rotfonts.h"
@@ -82,5 +83,5 @@ void TestFlatForms::circularText() {
     QCOMPARE(plainControls(form), QStringList());
 }
 
-QTEST_MAIN(TestFlatForms)
+OVRANO_TEST(TestFlatForms)
 #include "tst_flatforms.moc"

@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 #include "app/nextstep.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QEnterEvent>
 #include <QMenu>
@@ -212,5 +213,5 @@ void TestHints::fileNameGivesWay() {
     QCOMPARE(line->geometry().right(), file->geometry().right());
 }
 
-QTEST_MAIN(TestHints)
+OVRANO_TEST(TestHints)
 #include "tst_hints.moc"

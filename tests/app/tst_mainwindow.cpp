@@ -3,6 +3,7 @@
 #include "platform/runtimeerror.h"
 #include "support/answeringdialogs.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QClipboard>
 #include <QMenuBar>
@@ -656,5 +657,5 @@ void TestMainWindow::keysWaitForTheEndOfAGesture() {
     QCOMPARE(program.dialogs.opens.size(), 1);
 }
 
-QTEST_MAIN(TestMainWindow)
+OVRANO_TEST(TestMainWindow)
 #include "tst_mainwindow.moc"

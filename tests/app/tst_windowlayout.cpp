@@ -1,4 +1,5 @@
 #include "app/windowlayout.h"
+#include "support/testprogram.h"
 
 #include <QtTest>
 
@@ -66,5 +67,5 @@ void TestWindowLayout::tinyWindowGivesNoNegativeSizes() {
     QVERIFY(layout.lblHint.width() >= 0);
 }
 
-QTEST_GUILESS_MAIN(TestWindowLayout)
+OVRANO_TEST_WITHOUT_WINDOWS(TestWindowLayout)
 #include "tst_windowlayout.moc"

@@ -1,6 +1,7 @@
 #include "document/bmpfile.h"
 #include "document/filetools.h"
 #include "document/picturereader.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -207,5 +208,5 @@ void BmpFileTest::fullFileSystem() {
     QCOMPARE(left, QStringList());
 }
 
-QTEST_MAIN(BmpFileTest)
+OVRANO_TEST(BmpFileTest)
 #include "tst_bmpfile.moc"

@@ -1,6 +1,7 @@
 #include "document/bmpfile.h"
 #include "document/bmprows.h"
 #include "document/filetools.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -109,5 +110,5 @@ void BmpRowsTest::fileThatShrinksMeanwhile() {
     QCOMPARE(errorOf([&] { rows.row(0); }), error::DeviceIo); // it was overwritten
 }
 
-QTEST_MAIN(BmpRowsTest)
+OVRANO_TEST(BmpRowsTest)
 #include "tst_bmprows.moc"

@@ -2,6 +2,7 @@
 #include "document/filetools.h"
 #include "platform/clipboard.h"
 #include "support/otherprogram.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QUrl>
@@ -258,5 +259,5 @@ void ClipboardPictureTest::cutOff() {
     }
 }
 
-QTEST_MAIN(ClipboardPictureTest)
+OVRANO_TEST(ClipboardPictureTest)
 #include "tst_clipboardpicture.moc"

@@ -1,4 +1,5 @@
 #include "document/colourset.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -62,5 +63,5 @@ void ColourSetTest::tellsWhatIsInIt() {
         QCOMPARE(set.contains(colour), expected.count(colour) == 1);
 }
 
-QTEST_APPLESS_MAIN(ColourSetTest)
+OVRANO_TEST_WITHOUT_WINDOWS(ColourSetTest)
 #include "tst_colourset.moc"

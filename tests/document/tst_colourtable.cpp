@@ -1,5 +1,6 @@
 #include "document/colourtable.h"
 #include "document/palettetools.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -70,5 +71,5 @@ void ColourTableTest::readsNumbersBack() {
         QCOMPARE(std::uint32_t{indices[x]}, *table.insert(row[x]));
 }
 
-QTEST_GUILESS_MAIN(ColourTableTest)
+OVRANO_TEST_WITHOUT_WINDOWS(ColourTableTest)
 #include "tst_colourtable.moc"

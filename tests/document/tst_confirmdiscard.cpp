@@ -1,4 +1,5 @@
 #include "document/savetest.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -77,5 +78,5 @@ void ConfirmDiscardTest::discardAfterFailedSave() {
     QCOMPARE(m_dialogs->messages.size(), 2);
 }
 
-QTEST_MAIN(ConfirmDiscardTest)
+OVRANO_TEST(ConfirmDiscardTest)
 #include "tst_confirmdiscard.moc"

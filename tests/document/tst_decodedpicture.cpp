@@ -1,5 +1,6 @@
 #include "document/decodedpicture.h"
 #include "document/filetools.h"
+#include "support/testprogram.h"
 
 #include <QTimer>
 #include <QTransform>
@@ -213,5 +214,5 @@ void DecodedPictureTest::windowRepaintsMeanwhile() {
     QVERIFY2(turns >= 2, qPrintable(QString::number(turns)));
 }
 
-QTEST_MAIN(DecodedPictureTest)
+OVRANO_TEST(DecodedPictureTest)
 #include "tst_decodedpicture.moc"

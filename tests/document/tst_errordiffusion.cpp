@@ -1,5 +1,6 @@
 #include "document/errordiffusion.h"
 #include "document/palettetools.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -203,5 +204,5 @@ void ErrorDiffusionTest::paperBesideAPhotoStaysClean() {
             QCOMPARE(result.pixel(x, y), paper);
 }
 
-QTEST_GUILESS_MAIN(ErrorDiffusionTest)
+OVRANO_TEST_WITHOUT_WINDOWS(ErrorDiffusionTest)
 #include "tst_errordiffusion.moc"

@@ -1,6 +1,7 @@
 #include "document/filenew.h"
 #include "document/savetest.h"
 #include "document/undo.h"
+#include "support/testprogram.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -350,5 +351,5 @@ void FileNewTest::drawingIsGone() {
     QVERIFY(isBlank(QSize(50, 50), Sand));
 }
 
-QTEST_MAIN(FileNewTest)
+OVRANO_TEST(FileNewTest)
 #include "tst_filenew.moc"

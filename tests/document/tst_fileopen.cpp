@@ -3,6 +3,7 @@
 #include "document/filetools.h"
 #include "document/picturereader.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -395,5 +396,5 @@ void FileOpenTest::yesAndFailedSaveGoesOn() {
     QCOMPARE(m_work->picDisp.innerSize(), QSize(57, 31));
 }
 
-QTEST_MAIN(FileOpenTest)
+OVRANO_TEST(FileOpenTest)
 #include "tst_fileopen.moc"

@@ -1,5 +1,6 @@
 #include "document/picturereader.h"
 #include "document/savetest.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -343,5 +344,5 @@ void FileSaveTest::ratioBeyondSixteenBitsIsAnError() {
     QCOMPARE(m_dialogs->inputs.last().proposed, QString("99999")); // it was typed, if in vain
 }
 
-QTEST_MAIN(FileSaveTest)
+OVRANO_TEST(FileSaveTest)
 #include "tst_filesave.moc"

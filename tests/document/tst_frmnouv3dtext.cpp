@@ -1,6 +1,7 @@
 #include "document/frmnouv3dtext.h"
 #include "platform/runtimeerror.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -302,5 +303,5 @@ void FrmNouv3DTextTest::enterApplies() {
     QCOMPARE(int{m_choice.NewImageCancelled}, 0);
 }
 
-QTEST_MAIN(FrmNouv3DTextTest)
+OVRANO_TEST(FrmNouv3DTextTest)
 #include "tst_frmnouv3dtext.moc"

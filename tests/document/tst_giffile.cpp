@@ -4,6 +4,7 @@
 #include "document/giffile.h"
 #include "document/palettereducer.h"
 #include "document/palettetools.h"
+#include "support/testprogram.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -273,5 +274,5 @@ void GifFileTest::failureAtEveryByte() {
     }
 }
 
-QTEST_MAIN(GifFileTest)
+OVRANO_TEST(GifFileTest)
 #include "tst_giffile.moc"

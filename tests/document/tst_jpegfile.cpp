@@ -2,6 +2,7 @@
 #include "document/filetools.h"
 #include "document/jpegfile.h"
 #include "document/picturereader.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -215,5 +216,5 @@ void JpegFileTest::fullDiskLeavesTheOldFile() {
     QCOMPARE(namesIn(m_dir->path()), QStringList({"a.bmp", "a.jpg"}));
 }
 
-QTEST_MAIN(JpegFileTest)
+OVRANO_TEST(JpegFileTest)
 #include "tst_jpegfile.moc"

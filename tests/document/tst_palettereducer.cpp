@@ -2,6 +2,7 @@
 #include "document/filetools.h"
 #include "document/palettereducer.h"
 #include "document/palettetools.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -389,5 +390,5 @@ void PaletteReducerTest::diffusionTakesRowsOneAfterTheOther() {
     QVERIFY(together.indices == apart.indices);
 }
 
-QTEST_MAIN(PaletteReducerTest)
+OVRANO_TEST(PaletteReducerTest)
 #include "tst_palettereducer.moc"

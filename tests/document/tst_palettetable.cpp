@@ -1,5 +1,6 @@
 #include "document/palettetable.h"
 #include "document/palettetools.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -94,5 +95,5 @@ void PaletteTableTest::nearestOfPointsBetweenTheColours() {
     QCOMPARE(int{nearest({200, 254.5F, 0})}, 2);
 }
 
-QTEST_GUILESS_MAIN(PaletteTableTest)
+OVRANO_TEST_WITHOUT_WINDOWS(PaletteTableTest)
 #include "tst_palettetable.moc"

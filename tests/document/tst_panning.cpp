@@ -1,5 +1,6 @@
 #include "document/pictureview.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -114,5 +115,5 @@ void TestPanning::pointerComesBack() {
     QCOMPARE(bench.view.picDisp->cursor().shape(), Qt::CrossCursor);
 }
 
-QTEST_MAIN(TestPanning)
+OVRANO_TEST(TestPanning)
 #include "tst_panning.moc"

@@ -1,6 +1,7 @@
 #include "document/filetools.h"
 #include "document/giftools.h"
 #include "document/picturereader.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -246,5 +247,5 @@ void PictureReaderTest::folderWithoutPermission() {
     QCOMPARE(number, error::PermissionDenied);
 }
 
-QTEST_MAIN(PictureReaderTest)
+OVRANO_TEST(PictureReaderTest)
 #include "tst_picturereader.moc"

@@ -3,6 +3,7 @@
 #include "document/filetools.h"
 #include "document/imagerows.h"
 #include "platform/parallel.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -121,5 +122,5 @@ void PixelRowsTest::aFileThatShrinksIsTold() {
     QCOMPARE(errorOf([&] { forEachRowInParallel(*rows, [](int, int, const QRgb*) {}); }), error::DeviceIo);
 }
 
-QTEST_MAIN(PixelRowsTest)
+OVRANO_TEST(PixelRowsTest)
 #include "tst_pixelrows.moc"

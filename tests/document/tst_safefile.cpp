@@ -1,5 +1,6 @@
 #include "document/filetools.h"
 #include "document/safefile.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -144,5 +145,5 @@ void SafeFileTest::targetThatBecomesAFolder() {
     QVERIFY(QFileInfo(path("a")).isDir());
 }
 
-QTEST_MAIN(SafeFileTest)
+OVRANO_TEST(SafeFileTest)
 #include "tst_safefile.moc"

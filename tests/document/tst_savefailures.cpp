@@ -1,5 +1,6 @@
 #include "document/picturereader.h"
 #include "document/savetest.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -232,5 +233,5 @@ void SaveFailuresTest::targetNamedAsTheFileSetAside() {
     QCOMPARE(LoadPicture(path("Temp (1).jpg")).size(), QSize(120, 90));
 }
 
-QTEST_MAIN(SaveFailuresTest)
+OVRANO_TEST(SaveFailuresTest)
 #include "tst_savefailures.moc"

@@ -1,5 +1,6 @@
 #include "document/filetools.h"
 #include "document/setaside.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -143,5 +144,5 @@ void SetAsideTest::severalAtOnce() {
     QCOMPARE(contentOf(path("Temp.jpg")), QByteArray("j"));
 }
 
-QTEST_MAIN(SetAsideTest)
+OVRANO_TEST(SetAsideTest)
 #include "tst_setaside.moc"

@@ -1,6 +1,7 @@
 #include "document/paletterefinement.h"
 #include "document/palettetools.h"
 #include "document/variancecut.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -224,5 +225,5 @@ void VarianceCutTest::binsHaveExactMeans() {
     }
 }
 
-QTEST_GUILESS_MAIN(VarianceCutTest)
+OVRANO_TEST_WITHOUT_WINDOWS(VarianceCutTest)
 #include "tst_variancecut.moc"

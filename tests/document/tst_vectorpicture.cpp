@@ -2,6 +2,7 @@
 #include "document/selfcontainedsvg.h"
 #include "document/svgtools.h"
 #include "document/vectorpicture.h"
+#include "support/testprogram.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
@@ -376,5 +377,5 @@ void VectorPictureTest::windowRepaintsWhileTextIsRead() {
     QVERIFY(repainted);
 }
 
-QTEST_MAIN(VectorPictureTest)
+OVRANO_TEST(VectorPictureTest)
 #include "tst_vectorpicture.moc"

@@ -4,6 +4,7 @@
 #include "platform/runtimeerror.h"
 #include "support/answeringdialogs.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -321,5 +322,5 @@ void TestWorkPicture::wheelScrolls() {
     QCOMPARE(window.view.picDisp->pos(), QPoint(-96, 0));
 }
 
-QTEST_MAIN(TestWorkPicture)
+OVRANO_TEST(TestWorkPicture)
 #include "tst_workpicture.moc"

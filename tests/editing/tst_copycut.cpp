@@ -1,4 +1,5 @@
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -297,5 +298,5 @@ void TestCopyCut::clearingTheClipboard() {
     QVERIFY(desk.block.HasSelection);
 }
 
-QTEST_MAIN(TestCopyCut)
+OVRANO_TEST(TestCopyCut)
 #include "tst_copycut.moc"

@@ -1,4 +1,5 @@
 #include "editing/toolwindow.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -170,5 +171,5 @@ void TestEdgeDrag::widerPictureThanBarsCanScrollIsReported() {
     QCOMPARE(lost.count(), 1);
 }
 
-QTEST_MAIN(TestEdgeDrag)
+OVRANO_TEST(TestEdgeDrag)
 #include "tst_edgedrag.moc"

@@ -1,5 +1,6 @@
 #include "editing/keyboardpointer.h"
 #include "editing/toolwindow.h"
+#include "support/testprogram.h"
 
 #include <QtTest>
 
@@ -130,5 +131,5 @@ void TestKeyboardPointer::mouseEndsTheGesture() {
     QTest::mouseRelease(desk.view.picDisp, Qt::RightButton);
 }
 
-QTEST_MAIN(TestKeyboardPointer)
+OVRANO_TEST(TestKeyboardPointer)
 #include "tst_keyboardpointer.moc"

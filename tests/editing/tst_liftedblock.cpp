@@ -1,4 +1,5 @@
 #include "editing/desk.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -235,5 +236,5 @@ void TestLiftedBlock::dropKeepsThePictureAndForgetsTheBlock() {
     QCOMPARE(desk.block.SelX2, 0.F);
 }
 
-QTEST_MAIN(TestLiftedBlock)
+OVRANO_TEST(TestLiftedBlock)
 #include "tst_liftedblock.moc"

@@ -1,5 +1,6 @@
 #include "editing/mask.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 #include <QThread>
@@ -304,5 +305,5 @@ void TestMask::composingBesideThePictureDoesNothing() {
     QCOMPARE(picture->Image(), before);
 }
 
-QTEST_MAIN(TestMask)
+OVRANO_TEST(TestMask)
 #include "tst_mask.moc"

@@ -1,4 +1,5 @@
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -304,5 +305,5 @@ void TestPaste::editMenuIsTold() {
     QCOMPARE(told.size(), 1);
 }
 
-QTEST_MAIN(TestPaste)
+OVRANO_TEST(TestPaste)
 #include "tst_paste.moc"

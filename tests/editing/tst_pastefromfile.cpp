@@ -1,5 +1,6 @@
 #include "document/filetools.h"
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 
@@ -255,5 +256,5 @@ void TestPasteFromFile::snapshotAndUndo() {
     QVERIFY(!desk.work.UndoAvailable);
 }
 
-QTEST_MAIN(TestPasteFromFile)
+OVRANO_TEST(TestPasteFromFile)
 #include "tst_pastefromfile.moc"

@@ -1,4 +1,5 @@
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -200,5 +201,5 @@ void TestPasteIntoNew::longerThanTheBarsCanScroll() {
     QVERIFY(desk.work.ImageLoaded && !desk.work.ImageModified);
 }
 
-QTEST_MAIN(TestPasteIntoNew)
+OVRANO_TEST(TestPasteIntoNew)
 #include "tst_pasteintonew.moc"

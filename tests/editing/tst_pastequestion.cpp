@@ -1,4 +1,5 @@
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -229,5 +230,5 @@ void TestPasteQuestion::yesBeyondTheScrollBars() {
     QVERIFY(desk.dialogs.messages.last().text.startsWith(QStringLiteral("mnuEditPaste_Click\r\n6 ")));
 }
 
-QTEST_MAIN(TestPasteQuestion)
+OVRANO_TEST(TestPasteQuestion)
 #include "tst_pastequestion.moc"

@@ -1,4 +1,5 @@
 #include "editing/clipboarddesk.h"
+#include "support/testprogram.h"
 
 using namespace ovrano;
 
@@ -100,5 +101,5 @@ void TestPasteTransparent::manyTiles() {
     QVERIFY(desk.picture() == filledBox(before, hole, rgb(250, 0, 0)));
 }
 
-QTEST_MAIN(TestPasteTransparent)
+OVRANO_TEST(TestPasteTransparent)
 #include "tst_pastetransparent.moc"

@@ -1,5 +1,6 @@
 #include "editing/toolwindow.h"
 #include "platform/screen.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -320,5 +321,5 @@ void TestPointerModes::mouseOfThePictureIsConnected() {
     QVERIFY(window.block.HasSelection);
 }
 
-QTEST_MAIN(TestPointerModes)
+OVRANO_TEST(TestPointerModes)
 #include "tst_pointermodes.moc"

@@ -1,4 +1,5 @@
 #include "editing/desk.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -275,5 +276,5 @@ void TestSelection::secondEndChangesNothing() {
     QCOMPARE(desk.work.picRegion.Picture(), region);
 }
 
-QTEST_MAIN(TestSelection)
+OVRANO_TEST(TestSelection)
 #include "tst_selection.moc"

@@ -1,4 +1,5 @@
 #include "editing/toolwindow.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -198,5 +199,5 @@ void TestZoneGestures::blockDragDoesNotScroll() {
     QCOMPARE(window.view.VScroll1->value(), 0);
 }
 
-QTEST_MAIN(TestZoneGestures)
+OVRANO_TEST(TestZoneGestures)
 #include "tst_zonegestures.moc"

@@ -1,4 +1,5 @@
 #include "failing/saving.h"
+#include "support/testprogram.h"
 
 #include <QScopeGuard>
 
@@ -331,5 +332,5 @@ void FailingCallsTest::folderGoes() {
     }
 }
 
-QTEST_MAIN(FailingCallsTest)
+OVRANO_TEST(FailingCallsTest)
 #include "tst_failingcalls.moc"

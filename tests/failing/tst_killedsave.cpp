@@ -1,4 +1,5 @@
 #include "failing/saving.h"
+#include "support/testprogram.h"
 
 #include <sys/wait.h>
 
@@ -103,5 +104,5 @@ void KilledSaveTest::whereNothingWas() {
     }
 }
 
-QTEST_MAIN(KilledSaveTest)
+OVRANO_TEST(KilledSaveTest)
 #include "tst_killedsave.moc"

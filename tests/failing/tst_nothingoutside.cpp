@@ -1,6 +1,7 @@
 #include "document/filetools.h"
 #include "document/vectorpicture.h"
 #include "failing/watchedfolder.h"
+#include "support/testprogram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -124,5 +125,5 @@ void NothingOutsideTest::nothingIsTouched() {
     QDir::setCurrent(before);
 }
 
-QTEST_MAIN(NothingOutsideTest)
+OVRANO_TEST(NothingOutsideTest)
 #include "tst_nothingoutside.moc"

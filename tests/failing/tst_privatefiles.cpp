@@ -1,4 +1,5 @@
 #include "failing/saving.h"
+#include "support/testprogram.h"
 #include "wizards/temporarybmp.h"
 
 #include <QScopeGuard>
@@ -211,5 +212,5 @@ void PrivateFilesTest::textDialogsTemporary() {
     QCOMPARE(namesIn(saving.folder()), QStringList());
 }
 
-QTEST_MAIN(PrivateFilesTest)
+OVRANO_TEST(PrivateFilesTest)
 #include "tst_privatefiles.moc"

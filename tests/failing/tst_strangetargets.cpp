@@ -1,4 +1,5 @@
 #include "failing/saving.h"
+#include "support/testprogram.h"
 
 #include <QScopeGuard>
 
@@ -264,5 +265,5 @@ void StrangeTargetsTest::usersTemporaryIsNoFile() {
     QCOMPARE(saving.strangers(), QStringList());
 }
 
-QTEST_MAIN(StrangeTargetsTest)
+OVRANO_TEST(StrangeTargetsTest)
 #include "tst_strangetargets.moc"

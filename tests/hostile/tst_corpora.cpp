@@ -1,8 +1,8 @@
 #include "bodies.h"
 #include "document/filetools.h"
+#include "support/processortime.h"
+#include "support/testprogram.h"
 #include "unsetmemory.h"
-
-#include <ctime>
 
 using namespace ovrano;
 
@@ -35,23 +35,22 @@ void CorporaTest::keptFiles_data() {
 }
 
 void CorporaTest::keptFiles() {
-    // Of processor time, so that a busy machine makes no difference.
-    constexpr double MostSeconds = 5;
+    constexpr double Longest = 5000; // ms
     QFETCH(int, body);
     const fuzz::Body& one = fuzz::bodies().at(static_cast<std::size_t>(body));
     const QDir folder(QStringLiteral(OVRANO_CORPUS) + QLatin1Char('/') + QLatin1String(one.name));
     const QStringList names = folder.entryList(QDir::Files);
     QVERIFY(!names.isEmpty());
     for (const QString& name : names) {
-        const std::clock_t before = std::clock();
+        const testing::ProcessorTime time;
         try {
             one.run(contentOf(folder.filePath(name)));
         } catch (const std::exception& found) {
             QFAIL(qPrintable(name + QStringLiteral(": ") + QString::fromUtf8(found.what())));
         }
-        QVERIFY2(double(std::clock() - before) / CLOCKS_PER_SEC < MostSeconds, qPrintable(name));
+        QVERIFY2(time.milliseconds() < Longest, qPrintable(name));
     }
 }
 
-QTEST_MAIN(CorporaTest)
+OVRANO_TEST(CorporaTest)
 #include "tst_corpora.moc"

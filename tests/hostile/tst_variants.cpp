@@ -1,5 +1,6 @@
 #include "document/filetools.h"
 #include "document/picturereader.h"
+#include "support/testprogram.h"
 #include "variant.h"
 
 using namespace ovrano;
@@ -87,5 +88,5 @@ void VariantsTest::cutAnywhereItIsRefused() {
     }
 }
 
-QTEST_MAIN(VariantsTest)
+OVRANO_TEST(VariantsTest)
 #include "tst_variants.moc"

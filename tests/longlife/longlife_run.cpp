@@ -11,8 +11,10 @@ namespace {
 
 void report(int round, const longlife::Life& life) {
     const testing::Held held = testing::Held::now();
-    std::printf("%d rounds: %zu KB, %d descriptors, %d widgets, %d files\n", round, held.memory >> 10,
-                held.descriptors, held.widgets, life.files());
+    std::printf("%d rounds: %zu KB allocated, %zu KB resident, %d threads, %d other descriptors, %d widgets, "
+                "%d files\n",
+                round, held.allocated >> 10, held.resident >> 10, held.threads, held.descriptors,
+                held.widgets, life.files());
     std::fflush(stdout);
 }
 

@@ -57,8 +57,8 @@ bool Driver::eventFilter(QObject* watched, QEvent* event) {
 void Driver::perform(const Step& step) {
     m_dialogs.messages.clear();
     m_dialogs.reply = step.reply;
-    QApplication::setActiveWindow(
-        &m_window); // without a window manager nobody gives that back after a dialog
+    m_window.activateWindow(); // without a window manager nobody gives that back after a dialog
+    QCoreApplication::processEvents();
     if (isOnPicture(step))
         m_window.view().picDisp->setFocus();
     else
@@ -238,8 +238,8 @@ void Driver::undo(int way) {
 }
 
 void Driver::pressKey(Qt::Key key) {
-    QApplication::setActiveWindow(
-        &m_window); // without a window manager nobody gives that back after a dialog
+    m_window.activateWindow(); // without a window manager nobody gives that back after a dialog
+    QCoreApplication::processEvents();
     QTest::keyClick(m_window.view().picDisp, key, Qt::ControlModifier);
 }
 

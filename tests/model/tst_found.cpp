@@ -1,4 +1,5 @@
 #include "model/replay.h"
+#include "support/testprogram.h"
 
 #include <QCursor>
 #include <QTest>
@@ -147,5 +148,5 @@ void TestFound::keysDoNotScrollAPictureWithoutWidth() {
              QString());
 }
 
-QTEST_MAIN(TestFound)
+OVRANO_TEST(TestFound)
 #include "tst_found.moc"

@@ -1,5 +1,6 @@
 #include "model/shrinker.h"
 #include "model/walk.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -59,5 +60,5 @@ void TestModel::stepsAreWrittenAsSource() {
     QCOMPARE(sourceOf({Kind::Cut}), QStringLiteral("{Kind::Cut, {}}"));
 }
 
-QTEST_MAIN(TestModel)
+OVRANO_TEST(TestModel)
 #include "tst_model.moc"

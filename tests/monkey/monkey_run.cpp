@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
             "%lld s, %d acts (%d in commands), %d dialogs, %zu MB, %d descriptors, %d widgets, longest "
             "%.0f ms (%s)\n",
             static_cast<long long>(played.elapsed() / 1000), acts, monkey.duringCommands(),
-            monkey.dialogsAnswered(), held.memory >> 20, held.descriptors, held.widgets,
+            monkey.dialogsAnswered(), held.resident >> 20, held.descriptors, held.widgets,
             monkey.watch().longest(), qPrintable(monkey.watch().longestWas()));
         std::fflush(stdout);
     }

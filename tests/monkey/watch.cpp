@@ -3,18 +3,9 @@
 #include <QMutex>
 #include <QMutexLocker>
 
-#include <ctime>
-
 namespace ovrano::monkey {
 
 namespace {
-
-/// Milliseconds of processor time that this thread has taken.
-double threadTime() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
-}
 
 QMutex noting;
 QStringList noted;
@@ -44,16 +35,15 @@ Watch::~Watch() {
 }
 
 void Watch::restart() {
-    m_since = threadTime();
+    m_since = {};
 }
 
 void Watch::alive(const char* next) {
-    const double now = threadTime();
-    if (now - m_since > m_longest) {
-        m_longest = now - m_since;
+    if (const double took = m_since.milliseconds(); took > m_longest) {
+        m_longest = took;
         m_longestWas = m_doing;
     }
-    m_since = now;
+    m_since = {};
     m_doing = next;
 }
 

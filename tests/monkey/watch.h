@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/processortime.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -29,7 +31,7 @@ public:
     void restart();
 
 private:
-    double m_since = 0;
+    testing::ProcessorTime m_since;
     double m_longest = 0;
     const char* m_doing = "";
     const char* m_longestWas = "";

@@ -1,6 +1,7 @@
 #include "platform/accessibletoggle.h"
 #include "platform/colourbox.h"
 #include "platform/imagebutton.h"
+#include "support/testprogram.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -62,5 +63,5 @@ void TestAccessibleToggle::colourIsToldInWords() {
     QCOMPARE(box.accessibleDescription(), QStringLiteral("rouge 255, vert 10, bleu 0 (#FF0A00)"));
 }
 
-QTEST_MAIN(TestAccessibleToggle)
+OVRANO_TEST(TestAccessibleToggle)
 #include "tst_accessibletoggle.moc"

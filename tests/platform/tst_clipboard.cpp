@@ -1,6 +1,7 @@
 #include "platform/clipboard.h"
 #include "platform/picturemimedata.h"
 #include "support/otherprogram.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 #include <QUrl>
@@ -188,5 +189,5 @@ void TestClipboard::offeredTypes() {
     QVERIFY(data.data("text/plain").isEmpty());
 }
 
-QTEST_MAIN(TestClipboard)
+OVRANO_TEST(TestClipboard)
 #include "tst_clipboard.moc"

@@ -2,6 +2,7 @@
 #include "platform/errorreporter.h"
 #include "platform/runtimeerror.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 
 #include <QtTest>
 
@@ -102,5 +103,5 @@ void TestErrors::failedStepIsSkipped() {
     QCOMPARE(steps, 1);
 }
 
-QTEST_GUILESS_MAIN(TestErrors)
+OVRANO_TEST_WITHOUT_WINDOWS(TestErrors)
 #include "tst_errors.moc"

@@ -1,5 +1,6 @@
 #include "platform/longwork.h"
 #include "platform/yield.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -83,5 +84,5 @@ void TestLongWork::nobodyListensAfterwards() {
     QCOMPARE(EventYield::count(), before + 1);
 }
 
-QTEST_MAIN(TestLongWork)
+OVRANO_TEST(TestLongWork)
 #include "tst_longwork.moc"

@@ -1,4 +1,5 @@
 #include "platform/controls.h"
+#include "support/testprogram.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -126,5 +127,5 @@ void NumberBoxTest::typedDigitsAreNotCompleted() {
     QCOMPARE(box->currentText(), QStringLiteral("1"));
 }
 
-QTEST_MAIN(NumberBoxTest)
+OVRANO_TEST(NumberBoxTest)
 #include "tst_numberbox.moc"

@@ -1,6 +1,7 @@
 #include "platform/keyfilter.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
+#include "support/testprogram.h"
 
 #include <QtTest>
 
@@ -141,5 +142,5 @@ void TestNumbers::keyFilterLetsDigitsAndBackspaceThrough() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestNumbers)
+OVRANO_TEST_WITHOUT_WINDOWS(TestNumbers)
 #include "tst_numbers.moc"

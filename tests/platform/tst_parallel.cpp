@@ -1,4 +1,5 @@
 #include "platform/parallel.h"
+#include "support/testprogram.h"
 
 #include <QSemaphore>
 #include <QTest>
@@ -254,5 +255,5 @@ void TestParallel::whatAHelperCannotMakeIsTold() {
     QVERIFY(made <= 1);
 }
 
-QTEST_MAIN(TestParallel)
+OVRANO_TEST(TestParallel)
 #include "tst_parallel.moc"

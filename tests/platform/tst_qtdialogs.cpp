@@ -1,4 +1,5 @@
 #include "platform/qtdialogs.h"
+#include "support/testprogram.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -327,5 +328,5 @@ void TestQtDialogs::colourDialogStartsFromTheColour() {
     QVERIFY(!dialogs.chooseColour(White));
 }
 
-QTEST_MAIN(TestQtDialogs)
+OVRANO_TEST(TestQtDialogs)
 #include "tst_qtdialogs.moc"

@@ -1,6 +1,7 @@
 #include "platform/raster.h"
 #include "platform/runtimeerror.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -328,5 +329,5 @@ void TestRaster::equalityLooksAtPixels() {
     QVERIFY(!(a == patterned(QSize(300, 299))));
 }
 
-QTEST_GUILESS_MAIN(TestRaster)
+OVRANO_TEST_WITHOUT_WINDOWS(TestRaster)
 #include "tst_raster.moc"

@@ -1,5 +1,6 @@
 #include "platform/runtimeerror.h"
 #include "platform/smoothprint.h"
+#include "support/testprogram.h"
 
 #include <QFontMetrics>
 #include <QSet>
@@ -182,5 +183,5 @@ void SmoothTextTest::windowTooLargeForMemory() {
     }
 }
 
-QTEST_MAIN(SmoothTextTest)
+OVRANO_TEST(SmoothTextTest)
 #include "tst_smoothtext.moc"

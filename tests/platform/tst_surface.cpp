@@ -1,6 +1,7 @@
 #include "platform/runtimeerror.h"
 #include "platform/surface.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -572,5 +573,5 @@ void TestSurface::textSizeDependsOn96DotsPerInch() {
     QCOMPARE(textFont(QStringLiteral("Arial"), 0, false, false).pixelSize(), 1);
 }
 
-QTEST_MAIN(TestSurface)
+OVRANO_TEST(TestSurface)
 #include "tst_surface.moc"

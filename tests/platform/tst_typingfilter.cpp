@@ -1,4 +1,5 @@
 #include "platform/typingfilter.h"
+#include "support/testprogram.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -190,5 +191,5 @@ void TestTypingFilter::fieldOfAComboBox() {
     QCOMPARE(box.currentText(), QString("ab"));
 }
 
-QTEST_MAIN(TestTypingFilter)
+OVRANO_TEST(TestTypingFilter)
 #include "tst_typingfilter.moc"

@@ -8,6 +8,7 @@
 #include "platform/yield.h"
 #include "support/answeringdialogs.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QClipboard>
 #include <QMimeData>
@@ -316,5 +317,5 @@ void TestWidgets::screenFontsArePlainAndUnique() {
     QVERIFY(fonts.filter(QStringLiteral("[")).isEmpty());
 }
 
-QTEST_MAIN(TestWidgets)
+OVRANO_TEST(TestWidgets)
 #include "tst_widgets.moc"

@@ -2,6 +2,7 @@
 #include "scenarios/spokenprogram.h"
 #include "scenarios/spokenwindows.h"
 #include "support/inputerror.h"
+#include "support/testprogram.h"
 
 #include <QTest>
 
@@ -296,5 +297,5 @@ void TestAccessibility::largePictureIsScrolledByKeys() {
     });
 }
 
-QTEST_GUILESS_MAIN(TestAccessibility)
+OVRANO_TEST_WITHOUT_WINDOWS(TestAccessibility)
 #include "tst_accessibility.moc"

@@ -3,6 +3,7 @@
 #include "scenarios/program.h"
 #include "scenarios/secondprogram.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -41,7 +42,6 @@ Raster received(const std::optional<QByteArray>& bytes) {
     return bytes ? decodePicture(*bytes) : Raster();
 }
 
-const QString CopyAndEnd = QStringLiteral("copyAndEnd");
 const QString NoPicture = QStringLiteral("Pas d'image dans le presse papier !");
 
 } // namespace
@@ -484,7 +484,7 @@ void TestClipboardExchange::pictureStaysAfterTheProgramEnds() {
     SecondProgram keeper;
     keeper.keepWhatIsCopied();
     QProcess program;
-    program.start(QCoreApplication::applicationFilePath(), {CopyAndEnd});
+    program.start(QCoreApplication::applicationFilePath(), {QStringLiteral("copyandend")});
     QVERIFY(program.waitForFinished(30'000));
     QCOMPARE(program.exitCode(), 0);
     const Raster kept = received(keeper.paste(QStringLiteral("image/png")));
@@ -494,15 +494,5 @@ void TestClipboardExchange::pictureStaysAfterTheProgramEnds() {
 }
 
 /// Started with one argument the program copies its picture and ends as it does when it is left.
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    if (argc == 2 && QLatin1String(argv[1]) == CopyAndEnd) {
-        Program program;
-        program.window.findChild<QAction*>(QStringLiteral("mnuEditCopy"))->trigger();
-        return 0;
-    }
-    TestClipboardExchange test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+OVRANO_TEST(TestClipboardExchange)
 #include "tst_clipboardexchange.moc"

@@ -1,4 +1,5 @@
 #include "scenarios/program.h"
+#include "support/testprogram.h"
 #include "wizards/rotfonts.h"
 #include "wizards/txt3d.h"
 
@@ -246,5 +247,5 @@ void TestDialogs::oneColourToolsComeBack() {
     QVERIFY(program.window.findChild<QAction*>(QStringLiteral("mnuTextWrite(0)"))->isChecked());
 }
 
-QTEST_MAIN(TestDialogs)
+OVRANO_TEST(TestDialogs)
 #include "tst_dialogs.moc"

@@ -1,4 +1,5 @@
 #include "scenarios/program.h"
+#include "support/testprogram.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -232,5 +233,5 @@ void TestEditing::textFieldLeavesThePicturesKeys() {
     });
 }
 
-QTEST_MAIN(TestEditing)
+OVRANO_TEST(TestEditing)
 #include "tst_editing.moc"

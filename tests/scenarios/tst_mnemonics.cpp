@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 #include "document/frmnouv3dtext.h"
 #include "support/answeringdialogs.h"
+#include "support/testprogram.h"
 #include "wizards/rotfontsform.h"
 #include "wizards/txt3dform.h"
 
@@ -110,5 +111,5 @@ void TestMnemonics::everyWindowHasEachOnce() {
     }
 }
 
-QTEST_MAIN(TestMnemonics)
+OVRANO_TEST(TestMnemonics)
 #include "tst_mnemonics.moc"

@@ -1,6 +1,5 @@
 #include "support/blindinput.h"
 
-#include <ranges>
 #include <xcb/xtest.h>
 
 namespace ovrano::testing {
@@ -43,8 +42,8 @@ void BlindInput::strike(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifi
     const std::vector<xcb_keycode_t> codes = m_keyboard.chord(stroke, modifiers);
     for (const xcb_keycode_t code : codes)
         send(XCB_KEY_PRESS, code);
-    for (const xcb_keycode_t code : std::ranges::reverse_view(codes))
-        send(XCB_KEY_RELEASE, code);
+    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
+        send(XCB_KEY_RELEASE, *code);
     xcb_flush(m_connection.get());
 }
 

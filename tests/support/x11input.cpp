@@ -11,7 +11,6 @@
 
 #include <array>
 #include <cmath>
-#include <ranges>
 #include <utility>
 #include <xcb/xtest.h>
 
@@ -231,8 +230,8 @@ void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifier
     std::vector<Event> events;
     for (const xcb_keycode_t code : codes)
         events.push_back({Input::KeyPress, code});
-    for (const xcb_keycode_t code : std::ranges::reverse_view(codes))
-        events.push_back({Input::KeyRelease, code});
+    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
+        events.push_back({Input::KeyRelease, *code});
     // A key for a window that a dialog blocks would be lost; a list that has popped up belongs to the dialog.
     const auto focused = [] {
         const QWindow* focus = QGuiApplication::focusWindow();

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "text/anglepanel.h"
 #include "text/rotation.h"
 
@@ -235,5 +236,5 @@ void TestAnglePanel::changeRedrawsAfterAForeignDrawing() {
     verifyShows(panel, 25);
 }
 
-QTEST_MAIN(TestAnglePanel)
+OVRANO_TEST(TestAnglePanel)
 #include "tst_anglepanel.moc"

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "text/colourcaption.h"
 
 #include <QTest>
@@ -62,5 +63,5 @@ void ColourCaptionTest::everyColourWithoutLettersAloneComesBack() {
     }
 }
 
-QTEST_MAIN(ColourCaptionTest)
+OVRANO_TEST(ColourCaptionTest)
 #include "tst_colourcaption.moc"

@@ -1,5 +1,6 @@
 #include "platform/runtimeerror.h"
 #include "platform/screen.h"
+#include "support/testprogram.h"
 #include "text/extrusion.h"
 
 #include <QTest>
@@ -228,5 +229,5 @@ void ExtrusionTest::sameAsPixelByPixel() {
         }
 }
 
-QTEST_MAIN(ExtrusionTest)
+OVRANO_TEST(ExtrusionTest)
 #include "tst_extrusion.moc"

@@ -1,4 +1,5 @@
 #include "platform/screen.h"
+#include "support/testprogram.h"
 #include "text/fontavailability.h"
 
 #include <QTest>
@@ -68,5 +69,5 @@ void FontAvailabilityTest::anInventedFontIsMissing() {
     QCOMPARE(fontAvailability(QStringLiteral("No Such Typeface 7")), FontAvailability::Missing);
 }
 
-QTEST_MAIN(FontAvailabilityTest)
+OVRANO_TEST(FontAvailabilityTest)
 #include "tst_fontavailability.moc"

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "text/nearestrun.h"
 
 #include <QTest>
@@ -93,5 +94,5 @@ void TestNearestRun::equalsPixelByPixel() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestNearestRun)
+OVRANO_TEST_WITHOUT_WINDOWS(TestNearestRun)
 #include "tst_nearestrun.moc"

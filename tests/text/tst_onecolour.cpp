@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "text/colourcaption.h"
 #include "text/directionicon.h"
 #include "text/onecolourbench.h"
@@ -355,5 +356,5 @@ void OneColourTest::failingStepIsSkipped() {
     QCOMPARE(bench.panel.lastWrittenText, bench.text());
 }
 
-QTEST_MAIN(OneColourTest)
+OVRANO_TEST(OneColourTest)
 #include "tst_onecolour.moc"

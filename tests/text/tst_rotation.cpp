@@ -1,5 +1,6 @@
 #include "platform/runtimeerror.h"
 #include "support/grid.h"
+#include "support/testprogram.h"
 #include "text/fourfoldloop.h"
 #include "text/rotation.h"
 
@@ -283,5 +284,5 @@ void TestRotation::clsTakesTheRotationBack() {
     QVERIFY(destination.Image() == before);
 }
 
-QTEST_MAIN(TestRotation)
+OVRANO_TEST(TestRotation)
 #include "tst_rotation.moc"

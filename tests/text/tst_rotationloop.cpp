@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "text/fourfoldloop.h"
 #include "text/rotationmap.h"
 
@@ -173,5 +174,5 @@ void TestRotationLoop::mixedEqualsPlainLoop() {
                         {.angle = double(angle), .skipBackground = skip, .mixed = true}, Tolerance);
 }
 
-QTEST_MAIN(TestRotationLoop)
+OVRANO_TEST(TestRotationLoop)
 #include "tst_rotationloop.moc"

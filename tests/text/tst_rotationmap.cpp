@@ -1,4 +1,5 @@
 #include "platform/runtimeerror.h"
+#include "support/testprogram.h"
 #include "text/rotationmap.h"
 
 #include <QTest>
@@ -123,5 +124,5 @@ void TestRotationMap::tiesOnAxesAreFound() {
         QVERIFY2(!RotationMap(QSize(40, 30), angle).hasTiesOnAxes(), qPrintable(QString::number(angle)));
 }
 
-QTEST_APPLESS_MAIN(TestRotationMap)
+OVRANO_TEST_WITHOUT_WINDOWS(TestRotationMap)
 #include "tst_rotationmap.moc"

@@ -1,5 +1,6 @@
 #include "platform/screen.h"
 #include "platform/textmask.h"
+#include "support/testprogram.h"
 #include "text/stylebench.h"
 #include "text/stylepanel.h"
 
@@ -332,5 +333,5 @@ void StylePanelTest::togglesFlip() {
     QVERIFY(!sample().bold() && !sample().italic());
 }
 
-QTEST_MAIN(StylePanelTest)
+OVRANO_TEST(StylePanelTest)
 #include "tst_stylepanel.moc"

@@ -1,4 +1,5 @@
 #include "support/grid.h"
+#include "support/testprogram.h"
 #include "text/sourcepatch.h"
 #include "text/subpixel.h"
 
@@ -88,5 +89,5 @@ void TestSubpixel::nothingStaysNothing() {
     QCOMPARE(mixed(grid({"rrr", "r.r", "rrr"}), 100, 100, White), InvalidColour);
 }
 
-QTEST_APPLESS_MAIN(TestSubpixel)
+OVRANO_TEST_WITHOUT_WINDOWS(TestSubpixel)
 #include "tst_subpixel.moc"

@@ -1,4 +1,5 @@
 #include "platform/runtimeerror.h"
+#include "support/testprogram.h"
 #include "text/stylebench.h"
 #include "text/stylepanel.h"
 
@@ -187,5 +188,5 @@ void TextColourTest::moreButtonOpensTheColourDialog() {
     QCOMPARE(bench.panel.picTextColor->BackColor(), rgb(9, 8, 7));
 }
 
-QTEST_MAIN(TextColourTest)
+OVRANO_TEST(TextColourTest)
 #include "tst_textcolour.moc"

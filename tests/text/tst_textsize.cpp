@@ -1,4 +1,5 @@
 #include "platform/textmask.h"
+#include "support/testprogram.h"
 #include "text/stylebench.h"
 #include "text/stylepanel.h"
 
@@ -175,5 +176,5 @@ void TextSizeTest::chosenSizeIsShown() {
     QCOMPARE(bench.panel.lblTextSample->font(), textFont(QStringLiteral("Arial"), 48, false, false));
 }
 
-QTEST_MAIN(TextSizeTest)
+OVRANO_TEST(TextSizeTest)
 #include "tst_textsize.moc"

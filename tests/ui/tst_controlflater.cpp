@@ -1,5 +1,6 @@
 #include "flatbench.h"
 #include "platform/runtimeerror.h"
+#include "support/testprogram.h"
 #include "ui/ccontrolflater.h"
 
 #include <QAbstractEventDispatcher>
@@ -395,5 +396,5 @@ void TestControlFlater::boxIsDestroyedWhileDown() {
     QVERIFY(stopsFollowing(bench.flater));
 }
 
-QTEST_MAIN(TestControlFlater)
+OVRANO_TEST(TestControlFlater)
 #include "tst_controlflater.moc"

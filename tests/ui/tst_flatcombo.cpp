@@ -1,4 +1,5 @@
 #include "flatbench.h"
+#include "support/testprogram.h"
 #include "ui/ccontrolflater.h"
 #include "ui/relief.h"
 
@@ -385,5 +386,5 @@ void TestFlatCombo::keyboardFocusIsShown() {
     QVERIFY(shot(*second) != hot); // raised both times, but with a mark
 }
 
-QTEST_MAIN(TestFlatCombo)
+OVRANO_TEST(TestFlatCombo)
 #include "tst_flatcombo.moc"

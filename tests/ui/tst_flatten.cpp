@@ -1,4 +1,5 @@
 #include "flatbench.h"
+#include "support/testprogram.h"
 #include "ui/flatstyle.h"
 #include "ui/flatten.h"
 #include "ui/relief.h"
@@ -383,5 +384,5 @@ void TestFlatten::followsThePalette() {
     QApplication::setPalette(before);
 }
 
-QTEST_MAIN(TestFlatten)
+OVRANO_TEST(TestFlatten)
 #include "tst_flatten.moc"

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "ui/flatbench.h"
 #include "ui/flatten.h"
 #include "ui/relief.h"
@@ -129,5 +130,5 @@ void TestOutlines::toolButtonThatIsOnSinks() {
     QCOMPARE(on.pixel(on.width() - 2, on.height() - 2), relief.highlight.rgb());
 }
 
-QTEST_MAIN(TestOutlines)
+OVRANO_TEST(TestOutlines)
 #include "tst_outlines.moc"

@@ -1,27 +1,25 @@
 #pragma once
 
-#include <QApplication>
+#include "support/testprogram.h"
+
 #include <QTemporaryFile>
-#include <QTest>
 
 namespace ovrano {
 
-/// Runs a test object on a screen of a size in pixels that exists for it alone.
-template<typename Test>
-int runOnScreen(QSize size, int argc, char** argv) {
+/// Runs a test class on a screen of its own, whose size is given in pixels.
+template<typename Test, int Width, int Height>
+int runOnScreen(int argc, char** argv) {
     QTemporaryFile configuration;
     if (!configuration.open())
         return 1;
     configuration.write(QStringLiteral(R"({"screens": [{"name": "only", "x": 0, "y": 0, "width": %1,
         "height": %2, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})")
-                            .arg(size.width())
-                            .arg(size.height())
+                            .arg(Width)
+                            .arg(Height)
                             .toUtf8());
     configuration.close();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + configuration.fileName().toUtf8());
-    QApplication app(argc, argv);
-    Test test;
-    return QTest::qExec(&test, argc, argv);
+    return testing::runTest<QApplication, Test>(argc, argv);
 }
 
 /// The desktop's font as long as this exists.

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "wizards/rotfontsbench.h"
 #include "wizards/screenofsize.h"
 #include "wizards/txt3dbench.h"
@@ -125,8 +126,5 @@ void DialogSizesTest::cornerIsTakenOnce() {
     QCOMPARE(bench.dialog->pos(), QPoint(40, 50)); // where the user has put it
 }
 
-int main(int argc, char** argv) {
-    return runOnScreen<DialogSizesTest>(QSize(1920, 1080), argc, argv);
-}
-
+OVRANO_TEST_RUN((runOnScreen<DialogSizesTest, 1920, 1080>))
 #include "tst_dialogsizes.moc"

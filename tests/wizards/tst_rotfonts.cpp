@@ -1,5 +1,7 @@
 #include "platform/numbers.h"
 #include "platform/screen.h"
+#include "support/processortime.h"
+#include "support/testprogram.h"
 #include "wizards/rotfontsbench.h"
 #include "wizards/screenofsize.h"
 
@@ -320,15 +322,14 @@ void RotFontsTest::numbersAreReadAsFarAsTheyGo() {
 
 void RotFontsTest::lettersTheFontDoesNotHaveAndLongTextsAreDrawn() {
     RotFontsBench bench;
-    QElapsedTimer timer;
-    timer.start();
+    const testing::ProcessorTime time;
     for (const QString& text :
          {QString::fromUtf8("\xE3\x81\x82\xF0\x9F\x91\x8D"), QString(10'000, QLatin1Char('w'))}) {
         bench.dialog.Text1->setText(text);
         bench.dialog.Command1_Click();
         QVERIFY(!bench.isBlank());
     }
-    QVERIFY(timer.elapsed() < 5000);
+    QVERIFY(time.milliseconds() < 5000);
     bench.dialog.Text1->clear();
     bench.dialog.Command1_Click();
     QVERIFY(bench.isBlank());
@@ -339,15 +340,11 @@ void RotFontsTest::waitForWaits() {
     timer.start();
     RotFonts::waitFor(0.15F);
     QVERIFY(timer.elapsed() >= 150);
-    QVERIFY(timer.elapsed() < 2000);
     timer.restart();
     for (const float delay : {0.0F, -3.0F, std::numeric_limits<float>::infinity(), std::nanf("")})
         RotFonts::waitFor(delay);
-    QVERIFY(timer.elapsed() < 100);
+    QVERIFY(timer.elapsed() < 3000);
 }
 
-int main(int argc, char** argv) {
-    return runOnScreen<RotFontsTest>(QSize(1366, 768), argc, argv);
-}
-
+OVRANO_TEST_RUN((runOnScreen<RotFontsTest, 1366, 768>))
 #include "tst_rotfonts.moc"

@@ -1,4 +1,5 @@
 #include "document/filetools.h"
+#include "support/testprogram.h"
 #include "wizards/rotfontsbench.h"
 #include "wizards/screenofsize.h"
 #include "wizards/temporarybmp.h"
@@ -291,8 +292,5 @@ void RotFontsApplyTest::closingIsCancelling() {
     QCOMPARE(bench.work.picDisp.Image(), before);
 }
 
-int main(int argc, char** argv) {
-    return runOnScreen<RotFontsApplyTest>(QSize(1366, 768), argc, argv);
-}
-
+OVRANO_TEST_RUN((runOnScreen<RotFontsApplyTest, 1366, 768>))
 #include "tst_rotfontsapply.moc"

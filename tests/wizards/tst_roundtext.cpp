@@ -1,8 +1,9 @@
 #include "platform/runtimeerror.h"
+#include "support/processortime.h"
+#include "support/testprogram.h"
 #include "wizards/modroundtext.h"
 #include "wizards/roundtools.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <algorithm>
@@ -315,10 +316,9 @@ void RoundTextTest::tenThousandCharactersAreDrawnSoon_data() {
 void RoundTextTest::tenThousandCharactersAreDrawnSoon() {
     QFETCH(const double, points);
     QFETCH(const int, limit);
-    QElapsedTimer timer;
-    timer.start();
+    const testing::ProcessorTime time;
     QVERIFY(!isBlank(drawn(QString(10'000, QLatin1Char('x')), 0, 100, 360, points)));
-    QVERIFY2(timer.elapsed() < limit, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(time.milliseconds() < limit, qPrintable(QString::number(time.milliseconds())));
 }
 
 void RoundTextTest::positionMovesToTheNextLine() {
@@ -335,5 +335,5 @@ void RoundTextTest::positionMovesToTheNextLine() {
     QCOMPARE(surface->CurrentX(), 5.0);
 }
 
-QTEST_MAIN(RoundTextTest)
+OVRANO_TEST(RoundTextTest)
 #include "tst_roundtext.moc"

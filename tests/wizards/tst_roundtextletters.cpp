@@ -1,4 +1,5 @@
 #include "platform/coverage.h"
+#include "support/testprogram.h"
 #include "wizards/areamask.h"
 #include "wizards/modroundtext.h"
 #include "wizards/roundtools.h"
@@ -230,5 +231,5 @@ void RoundTextLettersTest::lettersTheFontDoesNotHaveAreDrawn() {
     QVERIFY(!isBlank(surface->Image()));
 }
 
-QTEST_MAIN(RoundTextLettersTest)
+OVRANO_TEST(RoundTextLettersTest)
 #include "tst_roundtextletters.moc"

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "wizards/rotfontsbench.h"
 #include "wizards/screenofsize.h"
 #include "wizards/txt3dbench.h"
@@ -67,8 +68,5 @@ void SmallScreenTest::everySettingCanBeReached() {
     QCOMPARE(QApplication::focusWidget(), dialog.Text1);
 }
 
-int main(int argc, char** argv) {
-    return runOnScreen<SmallScreenTest>(QSize(910, 512), argc, argv);
-}
-
+OVRANO_TEST_RUN((runOnScreen<SmallScreenTest, 910, 512>))
 #include "tst_smallscreen.moc"

@@ -1,4 +1,5 @@
 #include "platform/smoothprint.h"
+#include "support/testprogram.h"
 #include "wizards/twocolourtext.h"
 
 #include <QtTest>
@@ -308,5 +309,5 @@ void TwoColourTest::textBeyondTheSurface() {
     QVERIFY(none.Image().isEmpty());
 }
 
-QTEST_MAIN(TwoColourTest)
+OVRANO_TEST(TwoColourTest)
 #include "tst_twocolour.moc"

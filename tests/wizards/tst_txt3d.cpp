@@ -1,7 +1,8 @@
 #include "platform/textmask.h"
+#include "support/processortime.h"
+#include "support/testprogram.h"
 #include "txt3dbench.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
 using namespace ovrano;
@@ -311,11 +312,10 @@ void Txt3DTest::manyCharacters() {
     Txt3DBench bench;
     bench.extrude(QStringLiteral("45"));
     bench.dialog->Slider1->setValue(60);
-    QElapsedTimer timer;
-    timer.start();
+    const testing::ProcessorTime time;
     bench.dialog->Text1->setText(QString(10000, u'M'));
     bench.dialog->DrawExample();
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(time.milliseconds() < 1000, qPrintable(QString::number(time.milliseconds())));
     QVERIFY(bench.shown().pixel(559, 40) != White); // filled to the right edge
 }
 
@@ -325,11 +325,10 @@ void Txt3DTest::manyVeryLargeCharacters() {
     bench.dialog->Combo2_Click();
     const Raster few = bench.shown();
     QVERIFY(!bench.isBlank());
-    QElapsedTimer timer;
-    timer.start();
+    const testing::ProcessorTime time;
     bench.dialog->Text1->setText(QStringLiteral("ÉW").repeated(16'383));
     QCOMPARE(bench.shown(), few);
-    QVERIFY2(timer.elapsed() < 2000, qPrintable(QString::number(timer.elapsed())));
+    QVERIFY2(time.milliseconds() < 2000, qPrintable(QString::number(time.milliseconds())));
 }
 
 void Txt3DTest::charactersThatTheFontLacks() {
@@ -340,5 +339,5 @@ void Txt3DTest::charactersThatTheFontLacks() {
     QVERIFY(!bench.isBlank());
 }
 
-QTEST_MAIN(Txt3DTest)
+OVRANO_TEST(Txt3DTest)
 #include "tst_txt3d.moc"

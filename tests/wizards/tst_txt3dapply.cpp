@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "txt3dbench.h"
 
 #include <QSignalSpy>
@@ -161,5 +162,5 @@ void Txt3DApplyTest::picturesFrameGoesBeforeThePicture() {
     QCOMPARE(gone, QStringList({QStringLiteral("frame"), QStringLiteral("picture")}));
 }
 
-QTEST_MAIN(Txt3DApplyTest)
+OVRANO_TEST(Txt3DApplyTest)
 #include "tst_txt3dapply.moc"

@@ -1,3 +1,4 @@
+#include "support/testprogram.h"
 #include "txt3dbench.h"
 
 #include <QtTest>
@@ -183,5 +184,5 @@ void Txt3DBadAngleTest::reportsNeverStack() {
     QCOMPARE(dialogs.messages.size(), 1);
 }
 
-QTEST_MAIN(Txt3DBadAngleTest)
+OVRANO_TEST(Txt3DBadAngleTest)
 #include "tst_txt3dbadangle.moc"

@@ -1,8 +1,9 @@
 #include "document/filetools.h"
-#include "failing/scarcememory.h"
 #include "model/driver.h"
 #include "model/testpictures.h"
+#include "outofmemory/scarcememory.h"
 #include "platform/parallel.h"
+#include "support/testprogram.h"
 #include "wizards/rotfonts.h"
 
 #include <QAbstractButton>
@@ -19,7 +20,7 @@
 #include <optional>
 
 using namespace ovrano;
-using namespace ovrano::failing;
+using namespace ovrano::outofmemory;
 using namespace ovrano::model;
 
 namespace {
@@ -354,5 +355,5 @@ void OutOfMemoryTest::redrawnCircleIsTold() {
     });
 }
 
-QTEST_MAIN(OutOfMemoryTest)
+OVRANO_TEST(OutOfMemoryTest)
 #include "tst_outofmemory.moc"

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace ovrano::failing {
+namespace ovrano::outofmemory {
 
 /// While this lives, large pieces of memory are refused: one of them, or all from one on. Small ones are
 /// always given: a program that cannot get even these has nothing left to tell its user with.
@@ -26,4 +26,4 @@ public:
     bool hasRefused() const;
 };
 
-} // namespace ovrano::failing
+} // namespace ovrano::outofmemory

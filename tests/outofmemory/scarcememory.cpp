@@ -1,10 +1,10 @@
-#include "failing/scarcememory.h"
+#include "outofmemory/scarcememory.h"
 
 #include <cerrno>
 #include <dlfcn.h>
 #include <new>
 
-namespace ovrano::failing {
+namespace ovrano::outofmemory {
 
 namespace {
 
@@ -130,4 +130,4 @@ void* scarceNewArray(std::size_t bytes) {
 
 } // extern "C"
 
-} // namespace ovrano::failing
+} // namespace ovrano::outofmemory

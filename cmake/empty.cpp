@@ -1,0 +1,1 @@
+// A target that only holds precompiled headers needs a source.
