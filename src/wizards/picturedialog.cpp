@@ -19,7 +19,8 @@ namespace {
 constexpr double LargestTypedSize = 999; // points
 
 /// What the window manager puts around a window that is shown; nothing for none. The widget itself would keep
-/// what it is told first, and that may be the size of a frame that is still being made: smaller than the window.
+/// what it is told first, and that may be the size of a frame that is still being made: smaller than the
+/// window.
 QMargins windowFrame(const QWidget* shown) {
     const QWindow* window = shown ? shown->window()->windowHandle() : nullptr;
     const QMargins frame = window ? window->frameMargins() : QMargins();

@@ -27,14 +27,14 @@ std::vector<AccessibleObject> controlsIn(const AccessibleObject& window) {
     return controls;
 }
 
-const AccessibleObject& find(const AccessibleObject& within, const QString& spoken) {
+const AccessibleObject& find(const AccessibleObject& within, QStringView spoken) {
     const AccessibleObject* found = nullptr;
     visit(within, [&](const AccessibleObject& object, const AccessibleObject&) {
         if (!found && object.spoken() == spoken)
             found = &object;
     });
     if (!found)
-        throw InputError(QStringLiteral("no \"%1\" in \"%2\"").arg(spoken, within.spoken()));
+        throw InputError(QStringLiteral("no \"%1\" in \"%2\"").arg(spoken.toString(), within.spoken()));
     return *found;
 }
 

@@ -68,6 +68,6 @@ void visit(const AccessibleObject& object,
 std::vector<AccessibleObject> controlsIn(const AccessibleObject& window);
 
 /// The first object with a role and a title; throws InputError without one.
-const AccessibleObject& find(const AccessibleObject& within, const QString& spoken);
+const AccessibleObject& find(const AccessibleObject& within, QStringView spoken);
 
 } // namespace ovrano::testing
