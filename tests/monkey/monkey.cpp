@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QMimeData>
 #include <QStyleFactory>
+#include <QToolTip>
 #include <QUrl>
 
 #include <algorithm>
@@ -75,6 +76,7 @@ Monkey::Monkey(unsigned seed)
 }
 
 Monkey::~Monkey() {
+    QToolTip::hideText(); // it would stay for ten seconds
     QGuiApplication::clipboard()->clear();
 }
 
