@@ -1,5 +1,6 @@
 #include "document/pictureview.h"
 
+#include "document/edgepixelmouse.h"
 #include "document/panning.h"
 #include "platform/numbers.h"
 #include "platform/runtimeerror.h"
@@ -91,6 +92,7 @@ PictureView::PictureView(WorkPicture& work, QWidget* parent)
     QWidget::setTabOrder(VScroll1, HScroll1);
     picSnap->hide();
     picZ->installEventFilter(this);
+    new EdgePixelMouse(*picZ, *picDisp, this);
     new Panning(*picZ, *picDisp, *HScroll1, *VScroll1, this);
     connect(HScroll1, &QScrollBar::valueChanged, this,
             [this] { HScroll1->isSliderDown() ? HScroll1_Scroll() : HScroll1_Change(); });

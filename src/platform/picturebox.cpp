@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include <cmath>
 #include <utility>
 
 namespace ovrano {
@@ -30,16 +31,6 @@ Qt::CursorShape shapeOf(MousePointer pointer) {
     return Qt::ArrowCursor;
 }
 
-/// The pixel under the pointer. Where the screen has several pixels to one of the picture, the toolkit has
-/// rounded the position in the widget, which moves half of all points to a neighbour; that in the window is
-/// exact, but for events that no pointer made.
-QPoint pixelAt(const QWidget& box, const QMouseEvent& event) {
-    const QPointF exact = box.mapFrom(box.window(), event.scenePosition());
-    const bool isPointers = (exact - event.position()).manhattanLength() <= 1;
-    const QPointF at = isPointers ? exact : event.position();
-    return QPoint(qFloor(at.x()), qFloor(at.y()));
-}
-
 /// Says that a box is a picture: of a widget that is none of the toolkit's own controls, it would be told
 /// that it holds others.
 QAccessibleInterface* accessiblePicture(const QString&, QObject* object) {
@@ -48,6 +39,17 @@ QAccessibleInterface* accessiblePicture(const QString&, QObject* object) {
 }
 
 } // namespace
+
+QPoint pixelUnderPointer(const QWidget& box, const QMouseEvent& event) {
+    // Where the screen has several pixels to one of the picture, the toolkit has rounded the position in the
+    // widget, which moves half of all points to a neighbour; that in the window is exact, but for events that
+    // no pointer made.
+    const QPointF exact = box.mapFrom(box.window(), event.scenePosition());
+    const QPointF off = exact - event.position();
+    const bool isPointers = std::abs(off.x()) <= 1 && std::abs(off.y()) <= 1;
+    const QPointF at = isPointers ? exact : event.position();
+    return QPoint(qFloor(at.x()), qFloor(at.y()));
+}
 
 PictureBox::PictureBox(Surface& surface, QWidget* parent)
     : QWidget(parent)
@@ -81,18 +83,18 @@ void PictureBox::paintEvent(QPaintEvent* event) {
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
     m_held = event->button();
-    Q_EMIT mouseDown(event->button(), pixelAt(*this, *event));
+    Q_EMIT mouseDown(event->button(), pixelUnderPointer(*this, *event));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     if (m_held != Qt::NoButton && !event->buttons().testFlag(m_held))
-        Q_EMIT mouseUp(std::exchange(m_held, Qt::NoButton), pixelAt(*this, *event));
-    Q_EMIT mouseMove(pixelAt(*this, *event));
+        Q_EMIT mouseUp(std::exchange(m_held, Qt::NoButton), pixelUnderPointer(*this, *event));
+    Q_EMIT mouseMove(pixelUnderPointer(*this, *event));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
     m_held = Qt::NoButton;
-    Q_EMIT mouseUp(event->button(), pixelAt(*this, *event));
+    Q_EMIT mouseUp(event->button(), pixelUnderPointer(*this, *event));
 }
 
 } // namespace ovrano

@@ -45,4 +45,7 @@ private:
     Qt::MouseButton m_held = Qt::NoButton; // announced as pressed and not yet as released
 };
 
+/// The pixel of a picture's widget under the pointer; it may lie outside.
+QPoint pixelUnderPointer(const QWidget& box, const QMouseEvent& event);
+
 } // namespace ovrano
