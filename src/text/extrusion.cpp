@@ -75,11 +75,11 @@ std::vector<TextLayer> extrusionLayers(Colour colour, std::int16_t depth, Direct
 
 std::vector<TextLayer> visibleLayers(const std::vector<TextLayer>& layers) {
     std::vector<TextLayer> visible;
-    for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-        const auto overprintsIt = [&](const TextLayer& later) { return pixelOf(*layer) == pixelOf(later); };
+    std::for_each(layers.rbegin(), layers.rend(), [&](const TextLayer& layer) {
+        const auto overprintsIt = [&](const TextLayer& later) { return pixelOf(layer) == pixelOf(later); };
         if (std::none_of(visible.begin(), visible.end(), overprintsIt))
-            visible.push_back(*layer);
-    }
+            visible.push_back(layer);
+    });
     std::reverse(visible.begin(), visible.end());
     return visible;
 }

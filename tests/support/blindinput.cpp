@@ -1,5 +1,6 @@
 #include "support/blindinput.h"
 
+#include <algorithm>
 #include <xcb/xtest.h>
 
 namespace ovrano::testing {
@@ -42,8 +43,7 @@ void BlindInput::strike(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifi
     const std::vector<xcb_keycode_t> codes = m_keyboard.chord(stroke, modifiers);
     for (const xcb_keycode_t code : codes)
         send(XCB_KEY_PRESS, code);
-    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
-        send(XCB_KEY_RELEASE, *code);
+    std::for_each(codes.rbegin(), codes.rend(), [&](xcb_keycode_t code) { send(XCB_KEY_RELEASE, code); });
     xcb_flush(m_connection.get());
 }
 

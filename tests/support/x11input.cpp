@@ -9,6 +9,7 @@
 #include <QStyleHints>
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -230,8 +231,9 @@ void X11Input::stroke(X11Keyboard::Stroke stroke, Qt::KeyboardModifiers modifier
     std::vector<Event> events;
     for (const xcb_keycode_t code : codes)
         events.push_back({Input::KeyPress, code});
-    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
-        events.push_back({Input::KeyRelease, *code});
+    std::for_each(codes.rbegin(), codes.rend(), [&](xcb_keycode_t code) {
+        events.push_back({Input::KeyRelease, code});
+    });
     // A key for a window that a dialog blocks would be lost; a list that has popped up belongs to the dialog.
     const auto focused = [] {
         const QWindow* focus = QGuiApplication::focusWindow();
