@@ -40,7 +40,7 @@ if(OVRANO_STRICT_FLOATS)
 endif()
 
 # What a damaged picture could do to the program is made harder to use. The checks of library calls need an
-# optimising build.
+# optimising build. That a format string from outside is an error is part of it, also for users.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)

@@ -32,9 +32,11 @@ bool EdgePixelMouse::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool EdgePixelMouse::press(const QMouseEvent& event) {
-    if (!m_pressed && !isOnPicture(event))
+    // The release of the gesture before may have gone to a window that has opened in between.
+    const bool goesOn = m_pressed && event.buttons() != event.button();
+    m_pressed = goesOn || isOnPicture(event);
+    if (!m_pressed)
         return false;
-    m_pressed = true;
     m_picture.setFocus(Qt::MouseFocusReason);
     pass(event);
     return true;
@@ -54,10 +56,9 @@ bool EdgePixelMouse::move(const QMouseEvent& event) {
 }
 
 bool EdgePixelMouse::release(const QMouseEvent& event) {
-    if (!m_pressed)
+    if (!std::exchange(m_pressed, m_pressed && event.buttons() != Qt::NoButton))
         return false;
     pass(event);
-    m_pressed = event.buttons() != Qt::NoButton;
     return true;
 }
 

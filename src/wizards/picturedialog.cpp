@@ -76,7 +76,9 @@ bool PictureDialog::event(QEvent* event) {
 }
 
 QRect PictureDialog::roomOnScreen() const {
-    return screen()->availableGeometry().marginsRemoved(windowFrame(isVisible() ? this : parentWidget()));
+    const QMargins own = isVisible() ? windowFrame(this) : QMargins();
+    const QMargins frame = own.isNull() ? windowFrame(parentWidget()) : own;
+    return screen()->availableGeometry().marginsRemoved(frame);
 }
 
 void PictureDialog::placeOnScreen() {

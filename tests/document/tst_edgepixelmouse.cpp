@@ -19,11 +19,11 @@ struct EdgeBench {
         view.picDisp->setPointer(MousePointer::SizeWE);
     }
 
-    /// Tells whether the viewport kept the event to itself.
-    bool mouse(QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons buttons) {
-        QMouseEvent event(type, at, view.picZ->mapTo(&window, at), view.picZ->mapToGlobal(at), button,
-                          buttons, Qt::NoModifier);
-        return QCoreApplication::sendEvent(view.picZ, &event) && event.isAccepted();
+    /// At a point of the viewport, which the toolkit tells rounded.
+    void mouse(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at.toPoint(), view.picZ->mapTo(&window, at), view.picZ->mapToGlobal(at),
+                          button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(view.picZ, &event);
     }
     Qt::CursorShape shape() const { return view.picZ->cursor().shape(); }
 
@@ -53,7 +53,9 @@ private Q_SLOTS:
     void besideThePictureNothingIsPassed_data();
     void besideThePictureNothingIsPassed();
     void gestureFromOutsideStaysOutside();
+    void outerHalfOfTheLastPixelIsThePictures();
     void lostReleaseEndsIt();
+    void pressAfterALostReleaseIsANewOne();
 };
 
 void TestEdgePixelMouse::gestureBelongsToThePicture() {
@@ -101,6 +103,26 @@ void TestEdgePixelMouse::gestureFromOutsideStaysOutside() {
     bench.mouse(QEvent::MouseMove, QPoint(0, 50), Qt::NoButton, Qt::LeftButton);
     bench.mouse(QEvent::MouseButtonRelease, QPoint(0, 50), Qt::LeftButton, Qt::NoButton);
     QCOMPARE(bench.downs.count() + bench.ups.count() + bench.moves.count(), 0);
+}
+
+void TestEdgePixelMouse::outerHalfOfTheLastPixelIsThePictures() {
+    EdgeBench bench(QSize(80, 60));
+    bench.mouse(QEvent::MouseButtonPress, QPointF(79.75, 59.5), Qt::LeftButton, Qt::LeftButton);
+    QCOMPARE(bench.downs, announced(QPoint(79, 59)));
+    bench.mouse(QEvent::MouseButtonRelease, QPointF(80.25, 59.5), Qt::LeftButton, Qt::NoButton);
+    QCOMPARE(bench.ups, announced(QPoint(80, 59)));
+    bench.mouse(QEvent::MouseButtonPress, QPointF(80.25, 59.5), Qt::LeftButton, Qt::LeftButton);
+    QCOMPARE(bench.downs.count(), 1);
+}
+
+void TestEdgePixelMouse::pressAfterALostReleaseIsANewOne() {
+    EdgeBench bench(QSize(1, 100));
+    bench.mouse(QEvent::MouseButtonPress, QPoint(0, 50), Qt::LeftButton, Qt::LeftButton);
+    bench.mouse(QEvent::MouseButtonPress, QPoint(90, 50), Qt::LeftButton, Qt::LeftButton);
+    QCOMPARE(bench.downs.count(), 1);
+    bench.mouse(QEvent::MouseButtonPress, QPoint(0, 50), Qt::LeftButton, Qt::LeftButton);
+    bench.mouse(QEvent::MouseButtonPress, QPoint(90, 50), Qt::RightButton, Qt::LeftButton | Qt::RightButton);
+    QCOMPARE(bench.downs.count(), 3); // the gesture goes on
 }
 
 void TestEdgePixelMouse::lostReleaseEndsIt() {

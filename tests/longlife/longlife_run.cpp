@@ -11,7 +11,7 @@ namespace {
 
 void report(int round, const longlife::Life& life) {
     const testing::Held held = testing::Held::now();
-    std::printf("%d rounds: %zu KB allocated, %zu KB resident, %d threads, %d other descriptors, %d widgets, "
+    std::printf("%d rounds: %zu KB allocated, %zu KB resident, %d threads, %d descriptors, %d widgets, "
                 "%d files\n",
                 round, held.allocated >> 10, held.resident >> 10, held.threads, held.descriptors,
                 held.widgets, life.files());

@@ -35,7 +35,7 @@ Watch::~Watch() {
 }
 
 void Watch::restart() {
-    m_since = {};
+    m_since.restart();
 }
 
 void Watch::alive(const char* next) {
@@ -43,7 +43,7 @@ void Watch::alive(const char* next) {
         m_longest = took;
         m_longestWas = m_doing;
     }
-    m_since = {};
+    m_since.restart();
     m_doing = next;
 }
 

@@ -31,7 +31,7 @@ public:
     void restart();
 
 private:
-    testing::ProcessorTime m_since;
+    testing::ProcessorTime m_since{testing::ProcessorTime::Of::ThisThread};
     double m_longest = 0;
     const char* m_doing = "";
     const char* m_longestWas = "";

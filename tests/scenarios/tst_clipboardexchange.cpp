@@ -493,6 +493,5 @@ void TestClipboardExchange::pictureStaysAfterTheProgramEnds() {
     QCOMPARE(kept.pixel(0, 0), Blue);
 }
 
-/// Started with one argument the program copies its picture and ends as it does when it is left.
 OVRANO_TEST(TestClipboardExchange)
 #include "tst_clipboardexchange.moc"

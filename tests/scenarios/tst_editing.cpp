@@ -106,7 +106,7 @@ void TestEditing::zoneIsFramedByKeysAlone() {
         QVERIFY(program.window.block().HasSelection);
         const QRect zone = program.window.block().zone();
         QCOMPARE(zone.size(), QSize(31, 31));
-        // Where the pointer was before the first key is told in whole pixels, rounded.
+        // Where the pointer was before the first key is told in whole pixels; both coordinates are rounded.
         const QPoint off = zone.topLeft() - QPoint(100, 80);
         QVERIFY(std::max(std::abs(off.x()), std::abs(off.y())) < program.window.devicePixelRatioF());
         input.strike(Qt::Key_Right); // moves the block now

@@ -340,10 +340,12 @@ void RotFontsTest::waitForWaits() {
     timer.start();
     RotFonts::waitFor(0.15F);
     QVERIFY(timer.elapsed() >= 150);
-    timer.restart();
-    for (const float delay : {0.0F, -3.0F, std::numeric_limits<float>::infinity(), std::nanf("")})
+    QVERIFY(timer.elapsed() < 10'000);
+    for (const float delay : {0.0F, -3.0F, std::numeric_limits<float>::infinity(), std::nanf("")}) {
+        timer.restart();
         RotFonts::waitFor(delay);
-    QVERIFY(timer.elapsed() < 3000);
+        QVERIFY(timer.elapsed() < 1000);
+    }
 }
 
 OVRANO_TEST_RUN((runOnScreen<RotFontsTest, 1366, 768>))
