@@ -30,7 +30,8 @@ bool TextFieldKeys::isOfNoUse(const QKeyEvent& press) const {
 }
 
 bool TextFieldKeys::eventFilter(QObject* watched, QEvent* event) {
-    // The field is asked whether a key is its own before any shortcut is; not accepting it says no.
+    // Before any shortcut, the field is asked whether a key is its own; leaving the event unaccepted means
+    // no.
     const bool left = event->type() == QEvent::ShortcutOverride && isOfNoUse(*static_cast<QKeyEvent*>(event));
     if (left)
         event->ignore();

@@ -11,7 +11,7 @@ namespace ovrano::bmp {
 
 enum Compression : quint32 { None = 0, Rle8 = 1, Rle4 = 2, BitFields = 3, AlphaBitFields = 6 };
 
-/// What matters of a BMP file's headers, of any version and any program; nothing in it has been checked.
+/// The fields of a BMP file's headers that matter, in any version. Nothing is checked yet.
 struct Layout {
     quint32 infoBytes = 0; // which version it is
     qint64 pixelOffset = 0;
@@ -23,7 +23,7 @@ struct Layout {
     quint32 coloursUsed = 0;           // 0: as many as the bits of a pixel can tell apart
     std::array<quint32, 4> masks = {}; // of red, green, blue and alpha in a pixel, where the file has them
 
-    QSize size() const; // empty where no picture can have it, and for a version that there is not
+    QSize size() const; // empty for an impossible size or an unknown header version
 };
 
 /// Reads the first bytes of a file, and leaves the device where it was.

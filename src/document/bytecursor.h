@@ -5,8 +5,8 @@
 
 namespace ovrano {
 
-/// Walks forward through the bytes of a device, reading a block at a time. Beyond the end there is End for
-/// ever.
+/// Walks forward through the bytes of a device, reading a block at a time. At the end every further read
+/// gives End.
 class ByteCursor {
 public:
     static constexpr int End = -1;

@@ -10,13 +10,13 @@
 
 namespace ovrano {
 
-/// Counts the elements that drawing a vector picture comes to, and tells whether they are too many. An
-/// element may draw another one once more by its name, which draws others in turn: a few lines can stand for
-/// billions of shapes, or for none that ever ends.
+/// Counts how many elements drawing a vector picture would draw, and refuses too many. An element may reuse
+/// another by its name, which reuses others in turn: a few lines can stand for billions of shapes, or for an
+/// endless chain.
 ///
-/// Elements are what is counted, drawn or not: how many points an outline has or how long a text is does not
-/// matter. The count is never below what is drawn. The answer depends on the picture only, not on the order
-/// in which it is looked through: the first thing beyond a limit refuses all of it.
+/// Every element counts, drawn or not, whatever the number of its points or letters. The count is never below
+/// what is drawn. The answer does not depend on the order of reading: whatever exceeds a limit first, the
+/// whole picture is refused.
 class DrawingBudget {
 public:
     static constexpr int DeepestNesting = 200; // drawing calls itself for each level

@@ -16,8 +16,8 @@ std::filesystem::path nativePath(const QString& path);
 /// device) or 70 (not allowed).
 void openForReading(QFile& file);
 
-/// Opens a file without looking first what it is. A file that is made gets the permissions, where some are
-/// given. Throws RuntimeError 76 when the folder has gone, otherwise what the system gives as the reason.
+/// Opens a file without checking first what it is. A new file gets the permissions, if some are given. Throws
+/// RuntimeError error::PathNotFound when the folder has gone, otherwise the system's reason.
 void openOrThrow(QFile& file, QIODevice::OpenMode mode, QFile::Permissions permissions = {});
 
 /// Checks that a file of this name can be written, over an existing one or as a new one. Throws
@@ -28,11 +28,11 @@ void requireWritable(const QString& path);
 /// The file that a path leads to through links; the path itself where there is none.
 QString behindLinks(const QString& path);
 
-/// A hidden name in the folder of a path that nobody can guess. Short, since the name of the file itself may
+/// A hidden name that cannot be guessed, in the folder of a path. It is short, since the file's own name may
 /// be as long as the system allows.
 QString hiddenNameBeside(const QString& path);
 
-/// Gives a file another name on the same disk, in one step. What had that name goes, a link too: it is not
+/// Renames a file on the same disk, in one step. It replaces whatever had that name; a link is replaced, not
 /// followed.
 void renameOver(const QString& from, const QString& to);
 

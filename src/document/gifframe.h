@@ -11,12 +11,12 @@ namespace ovrano {
 /// the frames. The device is left where it was.
 QSize gifScreenSize(QIODevice& device);
 
-/// Skips blocks of a length byte and so many bytes, up to an empty one; false when there is none.
+/// Skips blocks (a length byte and that many bytes) up to and including the empty one; false when there is
+/// none.
 bool skipGifBlocks(ByteCursor& cursor);
 
-/// Whether the codes of a GIF's frame come to at least so many pixels and have an end. The cursor stands at
-/// the byte that tells their size, and is left behind them or anywhere. Codes that stand for nothing are
-/// damaged and never whole.
+/// Whether the codes of a GIF's frame fill at least so many pixels and have an end code. The cursor starts at
+/// the byte with the code size; where it is left is unspecified. Undefined codes count as damage.
 bool gifCodesAreWhole(ByteCursor& cursor, qint64 pixels);
 
 } // namespace ovrano

@@ -7,8 +7,8 @@
 
 namespace ovrano {
 
-/// The work picture and its companions as a command finds them, for the command that fails halfway. Keeping
-/// them costs no pixels but those that the command gives up meanwhile, and putting them back costs none.
+/// The work picture and its companions at the start of a command, to be put back if it fails halfway. They
+/// share their pixels with the originals, so keeping and putting back copies none.
 class KeptWork {
 public:
     explicit KeptWork(WorkPicture& work);

@@ -14,8 +14,8 @@ using Palette = std::vector<QRgb>;
 
 inline constexpr int MaxColours = 256;
 
-/// The palette that has just the colours of the table, in ascending order of their pixel values, and in the
-/// table each colour's place in the palette in place of what it had. At most MaxColours may be in the table.
+/// The palette of exactly the table's colours, in ascending order of their pixel values. Each colour's number
+/// in the table becomes its index in the palette. At most MaxColours may be in the table.
 Palette exactPalette(ColourTable& colours);
 
 std::vector<ColourPoint> toPoints(const Palette& palette);

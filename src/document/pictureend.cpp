@@ -54,7 +54,8 @@ int nextNumber(ByteCursor& cursor) {
     return low + 256 * cursor.next();
 }
 
-/// Behind the byte that begins a frame: its codes come to all its pixels, which have colours.
+/// Starts behind the byte that begins a frame. Tells whether the frame's codes fill all its pixels and it has
+/// a palette.
 bool gifFrameIsWhole(ByteCursor& cursor, bool hasColours) {
     cursor.skip(4); // where it lies
     const qint64 width = nextNumber(cursor);

@@ -7,9 +7,9 @@
 
 namespace ovrano {
 
-/// A file that takes its name only when it is written completely: until commit() the bytes go to a file
-/// beside it, which only its owner can read, so that a full disk or a crash leaves what had the name before
-/// as it was. Without commit() the file beside it is removed.
+/// A file that takes its name only when it is complete. Until commit() the bytes go to a temporary file in
+/// the same folder, readable by its owner alone, so that a full disk or a crash leaves the old file
+/// untouched. Without commit() the temporary file is removed.
 ///
 /// (Qt's own class for this does not tell a full disk from other failures and makes everybody wait for the
 /// disk, also for a temporary file; see finishOver for when that is needed.)

@@ -11,8 +11,7 @@
 namespace ovrano {
 
 /// A mouse for those who have none: while the work picture has the keyboard, the arrows move the pointer over
-/// it and the space bar presses the button and lets it go again. What a lifted block has use for is asked
-/// before.
+/// it, and the space bar presses and releases the button. A lifted block gets the keys first.
 class KeyboardPointer : public QObject {
     Q_OBJECT
 

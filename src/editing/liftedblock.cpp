@@ -227,8 +227,8 @@ void LiftedBlock::moveTo(float x, float y) {
         skipOnError([this] { DrawSelectionFrame(); });
     });
     CurrX = clamp(x, MinLeft, MaxLeft);
-    // The top is bounded by the horizontal leeway on purpose: a tall block may be pushed out further than
-    // its own leeway says, a wide one less far.
+    // The top is bounded by the horizontal leeway on purpose: a wide block may be pushed out further than its
+    // own leeway says, a tall one less far.
     CurrY = clamp(y, MinLeft, MaxTop);
     SelX1 = CurrX;
     SelY1 = CurrY;

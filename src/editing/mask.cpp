@@ -35,7 +35,7 @@ Rows<const QRgb> rowsOf(const QImage& tile, QPoint corner = QPoint(0, 0)) {
     return {row + corner.x(), tile.bytesPerLine() / qsizetype{sizeof(QRgb)}};
 }
 
-/// Looks at the whole row, so that it goes by vectors.
+/// Never stops early, so that the compiler can vectorise the loop.
 OVRANO_VECTORISED bool rowHas(const QRgb* row, int count, Recolouring wanted) {
     QRgb found = 0;
     for (int x = 0; x < count; ++x)

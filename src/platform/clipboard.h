@@ -15,15 +15,14 @@ namespace ovrano {
 /// offers raster pictures (2 and 8 alike) and vector pictures (3, SVG); a palette (9) it never offers.
 enum class ClipboardFormat { Bitmap = 2, Metafile = 3, Dib = 8, Palette = 9 };
 
-/// What the owner of the system clipboard announced when it was asked, in one question however much is then
-/// wanted of it. The owner may be gone by the time that something is fetched, or give something else, or be
-/// another one; fetching yields.
+/// What the owner of the system clipboard announced when asked, once. By the time something is fetched the
+/// owner may be gone, may give something else, or may be another one. Fetching yields.
 class ClipboardOffer {
 public:
     /// Asks now; yields while the owner does not answer.
     static ClipboardOffer now();
 
-    /// Looks at what is announced, and at the names of copied files; reads no picture.
+    /// Looks at the announced types and the names of copied files; reads no picture.
     bool includes(ClipboardFormat format) const;
     /// Whether it includes any of the four.
     bool includesPicture() const;
@@ -51,8 +50,8 @@ QByteArray clipboardBytes(const QString& type);
 /// The picture that this program itself put there, shared and not copied.
 std::optional<Raster> ownClipboardPicture();
 
-/// Puts a picture on the clipboard for every program, as PNG and as BMP. Its pixels are shared with the
-/// caller and encoded when another program asks for them. An empty picture is not put there.
+/// Offers a picture to every program, as PNG and as BMP. Its pixels are shared with the caller and encoded
+/// when another program asks for them. An empty picture is not offered.
 void putOnClipboard(const Raster& picture);
 
 /// Takes away whatever the clipboard holds.

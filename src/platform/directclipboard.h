@@ -8,17 +8,16 @@
 
 namespace ovrano {
 
-// What the clipboard's owner has, asked for without the toolkit, which lets no window repaint until hundreds
-// of megabytes are through or a silent owner's time is up, again for each question. Both yield while they
-// wait and give nothing where the platform has no such way: the toolkit is to be asked then.
+// Asks the clipboard's owner without the toolkit, which blocks every repaint until hundreds of megabytes are
+// through or a silent owner times out, and does so for each question. Both functions yield while they wait.
+// Where the platform has no such way they give nothing; ask the toolkit then.
 //
-// An owner that kept silent is not asked again for some seconds and counts as having nothing meanwhile.
+// A silent owner is not asked again for some seconds and counts as empty until then.
 
 /// The names of the types on offer; none when there is no owner.
 std::optional<QStringList> announcedDirectly();
 
-/// The bytes of a type. Empty when the owner does not give it, vanishes on the way, or takes too long: half a
-/// picture is never given.
+/// The bytes of a type. Empty when the owner refuses, vanishes or takes too long; never half a picture.
 std::optional<QByteArray> fetchDirectly(const QString& type);
 
 } // namespace ovrano

@@ -11,8 +11,8 @@ namespace ovrano {
 /// error's number, five blanks and its description. OK button, no icon, the program's own title.
 void ErrMsgProc(Dialogs& dialogs, const QString& procName, const RuntimeError& error);
 
-/// Runs a handler under an error trap at its border: a cancelled dialog (32755) ends it silently, any other
-/// run-time error, and running out of memory, is reported with the procedure's name.
+/// Runs a handler and catches its errors: a cancelled dialog (32755) ends it silently; any other run-time
+/// error, or running out of memory, is reported with the procedure's name.
 template<typename Handler>
 void trapErrors(Dialogs& dialogs, const QString& procName, Handler&& handler) {
     try {

@@ -5,8 +5,9 @@
 
 namespace ovrano {
 
-/// Renames a file where nothing has the new name yet, a link neither: otherwise the file keeps its name and
-/// the result is file_exists. A file system that cannot promise this renames as it can.
+/// Renames only if the new name is free (links count as taken); otherwise the file keeps its name and the
+/// result is file_exists. On a file system without such an operation the check and the renaming are two
+/// steps.
 std::error_code renameToFree(const std::filesystem::path& from, const std::filesystem::path& to);
 
 } // namespace ovrano

@@ -7,7 +7,7 @@
 namespace ovrano {
 
 /// Tells when a command keeps the user waiting: begun() once it has yielded for longer than a moment, ended()
-/// when the program waits for the user again, be it in a question that the command asks.
+/// when the program waits for the user again, also for the answer to a question of the command.
 class LongWork : public QObject {
     Q_OBJECT
 

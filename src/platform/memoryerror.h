@@ -7,8 +7,7 @@
 
 namespace ovrano {
 
-/// As skipOnError, for those that do not go by in silence when there is not enough memory: tells whether that
-/// was why the step failed.
+/// Like skipOnError, but tells whether the step failed for want of memory, which must not pass in silence.
 template<typename Step>
 bool lacksMemory(Step&& step) {
     try {
@@ -21,7 +20,7 @@ bool lacksMemory(Step&& step) {
     return false;
 }
 
-/// As skipOnError, but throws RuntimeError 7 when memory ran short.
+/// Like skipOnError, but throws RuntimeError error::OutOfMemory when memory ran short.
 template<typename Step>
 void skipUnlessMemory(Step&& step) {
     if (lacksMemory(std::forward<Step>(step)))

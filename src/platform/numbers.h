@@ -15,8 +15,8 @@ std::int16_t toInteger16(double value);
 /// roundHalfEven as a 32-bit number. Throws RuntimeError 6 (overflow) outside the 32-bit range.
 std::int32_t toInteger32(double value);
 
-/// The whole pixel of a coordinate, halves to even. What lies far outside every surface may lie elsewhere
-/// outside, within ±2^28; what is no number is 0.
+/// A coordinate rounded to a whole pixel, halves to even. Clamped to ±2^28, which is outside every surface;
+/// NaN is 0.
 int pixelOf(double coordinate);
 
 /// A number in single precision. Throws RuntimeError 6 (overflow) when it is too large for that or no number.

@@ -16,8 +16,8 @@ namespace {
 
 using Work = std::function<void(int worker, int item)>;
 
-/// Items that several threads take one by one. A helper that comes too late, when all are taken, does not
-/// touch the work, which may be gone by then, and is not waited for.
+/// Items that several threads take one by one. A helper that starts after all are taken does not touch the
+/// work, which may no longer exist, and nobody waits for it.
 class SharedItems {
 public:
     SharedItems(int items, const Work& work)
@@ -59,7 +59,7 @@ private:
     const int m_items;
     const Work& m_work;
     std::atomic<int> m_next = 0;
-    std::mutex m_mutex; // for what follows
+    std::mutex m_mutex; // guards the members below
     std::condition_variable m_helperIsThrough;
     int m_helping = 0;
     std::exception_ptr m_failure;
@@ -71,7 +71,7 @@ void callHelpers(const std::shared_ptr<SharedItems>& shared, int count) noexcept
             if (!helperThreads().tryStart([shared, worker] { shared->help(worker); }))
                 return;
     } catch (const std::bad_alloc&) {
-        return; // who has been called is enough
+        return; // the helpers started so far suffice
     }
 }
 

@@ -11,30 +11,29 @@ class QThreadPool;
 namespace ovrano {
 
 /// The threads that help. They are not the toolkit's own pool, in which its conversions wait for each other,
-/// and they last as long as the process: where a thread cannot be made, the toolkit's pool counts it as at
-/// work for ever, and whoever took the pool down would wait for it.
+/// and they live as long as the process: if a thread cannot be created, the toolkit counts it as running for
+/// ever, and destroying the pool would wait for it.
 QThreadPool& helperThreads();
 
-/// How many threads work on something together at most, the caller's among them: as many as there are
-/// processors, but few, since each may need tables of its own.
+/// The largest number of threads that work together, including the caller's: one per processor, up to a small
+/// limit, since each may need its own tables.
 int mostWorkers();
 
-/// The worker that is the thread of whoever calls inParallel().
+/// The number of the worker that runs in the caller's own thread.
 inline constexpr int Caller = 0;
 
-/// Calls work(worker, item) once for every item from 0 to `items` - 1, in several threads at a time, and
-/// returns when all of it is done.
+/// Calls work(worker, item) once for every item from 0 to `items` - 1, in several threads, and returns when
+/// all are done.
 ///
-/// Items are begun in ascending order. `worker` is the number of the thread, from Caller to
-/// mostWorkers() - 1: what is collected meanwhile goes to a place of each worker. Helping threads are those
-/// that are idle at the moment; without any the caller does all the work. Nothing may be shown meanwhile, so
-/// whoever lets the window repaint deals out a portion at a time.
+/// Items are begun in ascending order. `worker` is the number of the thread, from Caller to mostWorkers() -
+/// 1; results are collected per worker. Only idle threads help; without any the caller does all the work. The
+/// window cannot repaint meanwhile: to let it, hand out a portion at a time.
 ///
-/// Of what the work throws, the first is thrown again here; items that are not begun then are left out.
+/// The first exception that the work throws is thrown again here; items not begun by then are skipped.
 void inParallel(int items, const std::function<void(int worker, int item)>& work);
 
-/// Something of each worker's own, made in its thread when it is first asked for; `make` may be called by
-/// several at a time.
+/// One object per worker, created in the worker's thread on first use; several threads may call `make` at
+/// once.
 template<typename Own>
 class PerWorker {
 public:
@@ -51,7 +50,7 @@ public:
         return *own;
     }
 
-    /// Calls visit(Own&) for those that have been made.
+    /// Calls visit(Own&) for those that exist.
     template<typename Visit>
     void forEach(Visit&& visit) {
         for (const std::unique_ptr<Own>& own : m_own)

@@ -31,8 +31,7 @@ Qt::CursorShape shapeOf(MousePointer pointer) {
     return Qt::ArrowCursor;
 }
 
-/// Says that a box is a picture: of a widget that is none of the toolkit's own controls, it would be told
-/// that it holds others.
+/// Tells assistive technology that a box is a picture; by default an unknown widget counts as a container.
 QAccessibleInterface* accessiblePicture(const QString&, QObject* object) {
     auto* box = qobject_cast<PictureBox*>(object);
     return box ? new QAccessibleWidget(box, QAccessible::Graphic) : nullptr;

@@ -14,8 +14,8 @@ namespace {
 constexpr std::size_t FullBytes = sizeof(QRgb) * Tile::Side * Tile::Side;
 constexpr std::size_t CacheLine = 64; // bytes
 
-/// The memory of tiles, of one size. What comes back is kept as long as it is not more than what is in use,
-/// so that a picture that is closed gives its memory back to the system. Pictures may go in any thread.
+/// A pool of tile memory, all of one size. Returned memory is kept up to the amount in use, so that a closed
+/// picture gives its memory back to the system. Pictures may be destroyed in any thread.
 class TileMemory {
 public:
     /// Null when there is none.
@@ -98,8 +98,8 @@ Tile Tile::unwritten(QSize size) {
 }
 
 Tile Tile::filled(QSize size, QRgb pixel) {
-    // Without QImage::fill(), which on some processors leaves the vector unit in a state that slows down
-    // every loop that follows (the upper halves of its registers stay in use).
+    // Not QImage::fill(): on some processors it leaves the upper halves of the vector registers in use, which
+    // slows down every loop that follows.
     Tile tile = unwritten(size);
     std::fill_n(tile.pixels(), tile.pixelsPerRow() * size.height(), pixel);
     return tile;

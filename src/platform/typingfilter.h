@@ -9,10 +9,10 @@
 
 namespace ovrano {
 
-/// Asks a handler about every character that is brought into a line edit by a key (pasting is one) or by an
-/// input method, before it arrives there. The handler replaces the code of a character that is to be
-/// discarded by 0; one that is discarded keeps the others of its key or composition away as well. Backspace
-/// comes as code 8; keys that move, delete to the right, confirm, cancel or command are not asked about.
+/// Asks a handler about every character that a key (the paste key included) or an input method brings into a
+/// line edit, before it arrives. The handler discards a character by setting its code to 0; then the whole
+/// key or composition is discarded. Backspace comes as code 8; keys that move, delete to the right, confirm,
+/// cancel or command are not asked about.
 class TypingFilter : public QObject {
     Q_OBJECT
 

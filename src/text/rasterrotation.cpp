@@ -141,10 +141,9 @@ void RasterRotation::paintRun(QRgb* row, QPoint at, int count, const SourcePatch
 }
 
 /// The row and the column of the centre, where coordinates lie exactly between two pixels, as at multiples of
-/// 30 degrees, so that which one is read hangs on the last digits of the formula. The rule behind it fills
-/// the plane in quarter turns from radius and angle, the column first and the row after it, so that each of
-/// these pixels has two source points; the later one counts, or the earlier if nothing is to be copied from
-/// that.
+/// 30 degrees, and there the rounding depends on the formula's last digits. The rule behind it fills the
+/// plane in quarter turns from radius and angle, the column first and the row after it, so that each of these
+/// pixels has two source points; the later one counts, or the earlier if nothing is to be copied from that.
 void RasterRotation::paintAxes(Raster& destination, SourcePatch& patch, QPoint centre) {
     const double angle = m_map.radians();
     const double quarterOn = angle + RotationMap::Pi / 2;

@@ -62,7 +62,7 @@ private:
     /// Takes on what the control is now, and redraws it when that is something else.
     void refresh();
 
-    QPointer<QWidget> m_control; // not as a combo box, which it is no more while it is being destroyed
+    QPointer<QWidget> m_control; // QWidget: during destruction it is no longer a QComboBox
     QPointer<QWidget> m_list;
     FlatState m_state = FlatState::Normal;
     bool m_pressed = false;
