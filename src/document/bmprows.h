@@ -16,12 +16,13 @@ namespace ovrano {
 /// in memory as a whole. Any other BMP file is refused.
 class BmpRows : public PixelRows {
 public:
-    /// Throws RuntimeError 53, 70, 75 or 76 when the file cannot be read, 481 when it is another kind of
-    /// file or shorter than its header says, 57 when the disk fails.
+    /// Throws error::FileNotFound, error::PermissionDenied, error::PathFileAccess or error::PathNotFound when
+    /// the file cannot be read, error::InvalidPicture when it is another kind of file or shorter than its
+    /// header says, error::DeviceIo when the disk fails.
     explicit BmpRows(const QString& path);
 
     QSize size() const override { return m_size; }
-    /// Throws RuntimeError 57 when the file cannot be read any more.
+    /// Throws error::DeviceIo when the file cannot be read any more.
     const QRgb* row(int y) override;
     /// Reads the same open file, whatever becomes of its name meanwhile.
     std::unique_ptr<PixelRows> anotherReader() const override;

@@ -25,19 +25,20 @@ public:
     static constexpr qint64 MostElementPixels = 100'000'000'000;
 
     /// An element begins, with all names that it may be drawn by and those of the elements that it may draw.
-    /// Throws RuntimeError 481 when it is nested too deeply or one too many.
+    /// Throws error::InvalidPicture when it is nested too deeply or one too many.
     void enter(const QStringList& names, const QStringList& reused);
     void leave();
 
-    /// To be asked at the end: the elements that one drawing comes to, each as often as it is drawn.
-    /// Throws RuntimeError 481 when these are too many or draw one another in too long a chain, or a circle.
+    /// To be asked at the end: the elements that one drawing comes to, each as often as it is drawn. Throws
+    /// error::InvalidPicture when these are too many or draw one another in too long a chain, or a circle.
     qint64 drawnElements() const;
 
     /// What an element costs that covers all of a canvas, in pixels: as many as there are, or an eighth of
     /// the square of the height where the canvas is narrow. The painter takes some 40 rows at a time, each
     /// time follows an outline through all rows, and one such row takes as long as five pixels.
     static qint64 costOf(QSize canvas);
-    /// Throws RuntimeError 481 when drawing so many elements takes too long if each costs so many pixels.
+    /// Throws error::InvalidPicture when drawing so many elements takes too long if each costs so many
+    /// pixels.
     static void requireAffordable(qint64 elements, qint64 pixels);
 
 private:

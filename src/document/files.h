@@ -12,8 +12,8 @@ namespace ovrano {
 /// A path in the form that the standard library's file functions take.
 std::filesystem::path nativePath(const QString& path);
 
-/// Opens an existing file. Throws RuntimeError 53 (no such file), 76 (no such folder), 75 (a folder or a
-/// device) or 70 (not allowed).
+/// Opens an existing file. Throws error::FileNotFound, error::PathNotFound, error::PathFileAccess (a folder
+/// or a device) or error::PermissionDenied.
 void openForReading(QFile& file);
 
 /// Opens a file without checking first what it is. A new file gets the permissions, if some are given. Throws
@@ -21,8 +21,8 @@ void openForReading(QFile& file);
 void openOrThrow(QFile& file, QIODevice::OpenMode mode, QFile::Permissions permissions = {});
 
 /// Checks that a file of this name can be written, over an existing one or as a new one. Throws
-/// RuntimeError 76 (no such folder), 75 (there is a folder or a device of that name) or 70 (the file that is
-/// there is write-protected).
+/// error::PathNotFound, error::PathFileAccess (there is a folder or a device of that name) or
+/// error::PermissionDenied (the file that is there is write-protected).
 void requireWritable(const QString& path);
 
 /// The file that a path leads to through links; the path itself where there is none.

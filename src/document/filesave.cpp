@@ -52,7 +52,7 @@ QString folderOf(const QString& path, const QString& title) {
 }
 
 /// A link to the very name of a temporary file would have the result go with that file. Throws
-/// RuntimeError 75.
+/// error::PathFileAccess.
 void requireApart(const QString& temporary, const QString& target) {
     if (behindLinks(target) == behindLinks(temporary))
         throw RuntimeError(error::PathFileAccess);

@@ -12,8 +12,8 @@ namespace ovrano {
 /// grain, while letters and flat areas stay clean (ErrorDiffusion). The picture is read row by row; what is
 /// in memory is one byte a pixel.
 ///
-/// Throws what BmpRows and SafeFile throw, and RuntimeError 380 for a picture larger than the format's 65535
-/// pixels a side.
+/// Throws what BmpRows and SafeFile throw, and error::InvalidPropertyValue for a picture larger than the
+/// format's 65535 pixels a side.
 void ConvertBMPtoGIF(const QString& bmpPath, const QString& gifPath);
 
 } // namespace ovrano

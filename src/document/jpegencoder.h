@@ -23,8 +23,8 @@ public:
     JpegEncoder& operator=(const JpegEncoder&) = delete;
     ~JpegEncoder();
 
-    /// `quality` from 1 to 100. Throws what the file and the rows throw, RuntimeError 380 for a picture that
-    /// is too large for the format.
+    /// `quality` from 1 to 100. Throws what the file and the rows throw, error::InvalidPropertyValue for a
+    /// picture that is too large for the format.
     void write(PixelRows& rows, int quality);
 
 private:

@@ -13,8 +13,8 @@ namespace ovrano {
 /// edges of small coloured letters stay sharp; below that it is halved both ways (4:2:0), which no photo
 /// shows. The picture is read and written row by row. `flag` is always −1 and has no meaning.
 ///
-/// Throws what BmpRows and SafeFile throw, and RuntimeError 380 for a picture larger than the format's
-/// 65500 pixels a side.
+/// Throws what BmpRows and SafeFile throw, and error::InvalidPropertyValue for a picture larger than the
+/// format's 65500 pixels a side.
 void ConvertBMPtoJPG(const QString& bmpPath, int ratio, int flag,
                      SafeFile::Purpose purpose = SafeFile::Purpose::Result);
 

@@ -16,7 +16,7 @@ namespace ovrano::bmp {
 /// A channel's greatest value is 255, however many bits it has: the toolkit's reader would make a white of 5
 /// bits grey and one of 10 bits black.
 ///
-/// Throws RuntimeError 481 where rows are missing, 7 without memory.
+/// Throws error::InvalidPicture where rows are missing, error::OutOfMemory without memory.
 std::optional<QImage> readMasked(QIODevice& device, EventYield& yield);
 
 } // namespace ovrano::bmp

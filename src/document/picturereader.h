@@ -14,18 +14,20 @@ namespace ovrano {
 /// first frame is taken. A file that ends before its picture does is refused: half a picture would be taken
 /// for a whole one and saved over it.
 ///
-/// Throws RuntimeError 53 (no such file), 76 (no such folder), 75 (a folder or a device), 70 (not allowed),
-/// 481 (not a picture, empty, damaged or cut off) or 7 (larger than MaxPicturePixels).
+/// Throws error::FileNotFound, error::PathNotFound, error::PathFileAccess (a folder or a device),
+/// error::PermissionDenied, error::InvalidPicture (not a picture, empty, damaged or cut off) or
+/// error::OutOfMemory (larger than MaxPicturePixels).
 Raster LoadPicture(const QString& path);
 
-/// The same for the content of such a file. Throws RuntimeError 481 or 7.
+/// The same for the content of such a file. Throws error::InvalidPicture or error::OutOfMemory.
 Raster decodePicture(const QByteArray& content);
 
 /// The size in pixels that such content announces, as it is stored and whatever follows; empty when it is no
 /// such picture. Nothing is decoded.
 QSize announcedPictureSize(const QByteArray& content);
 
-/// Throws RuntimeError 481 when a size is empty, 7 when it is larger than what the program can hold.
+/// Throws error::InvalidPicture when a size is empty, error::OutOfMemory when it is larger than what the
+/// program can hold.
 void requireAcceptable(QSize size);
 
 /// The largest picture that is opened, 1 GB in memory: more than the scans that are in use, and just what the

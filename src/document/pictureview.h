@@ -19,8 +19,8 @@ struct ScrollRange {
 };
 
 /// The range for a picture of `picture` pixels in a viewport of `viewport` pixels. Where nothing overflows
-/// Max is 0 and the steps stay those of `before`. An arrow step is the ratio viewport/overflow, a page step
-/// a twentieth of the overflow but never less than an arrow step. Throws RuntimeError 6 when the overflow
+/// Max is 0 and the steps stay those of `before`. An arrow step is the ratio viewport/overflow, a page step a
+/// twentieth of the overflow but never less than an arrow step. Throws error::Overflow when the overflow
 /// exceeds 16 bits.
 ScrollRange scrollRange(double picture, double viewport, const ScrollRange& before);
 
@@ -45,7 +45,7 @@ public:
     void setScrollMax();
 
     /// The picture may have another size now: takes it over, recomputes the bars' ranges and shows the size.
-    /// Throws RuntimeError 6, before anything is shown, when the picture is larger than the bars can scroll.
+    /// Throws error::Overflow, before anything is shown, when the picture is larger than the bars can scroll.
     void fitToPicture();
 
     /// Back to the picture's upper-left corner.

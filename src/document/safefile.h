@@ -23,14 +23,14 @@ public:
         Temporary,
     };
 
-    /// Throws RuntimeError 76, 75 or 70 as requireWritable does, or what the system gives as the reason that
-    /// no file can be made in the folder.
+    /// Throws error::PathNotFound, error::PathFileAccess or error::PermissionDenied as requireWritable does,
+    /// or what the system gives as the reason that no file can be made in the folder.
     explicit SafeFile(const QString& path, Purpose purpose = Purpose::Result);
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
     ~SafeFile();
 
-    /// Throws RuntimeError 61 when the disk is full, 57 when it does not work.
+    /// Throws error::DiskFull or error::DeviceIo.
     void write(const void* bytes, std::size_t count);
 
     void commit();

@@ -17,8 +17,8 @@ inline constexpr qint64 MostEmbeddedPixels = 64'000'000;
 
 /// The same vector picture without what its drawing would fetch from elsewhere: references to files and
 /// addresses. Embedded pictures stay if decodePicture takes them, until they come to MostEmbeddedPixels;
-/// those beyond lose their reference, while smaller ones that follow may still find room. Throws RuntimeError
-/// 481 when it is not well-formed or drawing it would exceed a DrawingBudget.
+/// those beyond lose their reference, while smaller ones that follow may still find room. Throws
+/// error::InvalidPicture when it is not well-formed or drawing it would exceed a DrawingBudget.
 SelfContainedSvg selfContainedSvg(const QByteArray& svg, EventYield& yield);
 
 } // namespace ovrano

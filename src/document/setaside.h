@@ -12,8 +12,8 @@ namespace ovrano {
 class SetAside {
 public:
     /// `target` is the file that is to be written in the end: when it is this very file nothing is set aside,
-    /// since the user wants it replaced, and its name is not taken for another file.
-    /// Throws RuntimeError 70 and the like when the file cannot be renamed.
+    /// since the user wants it replaced, and its name is not taken for another file. Throws
+    /// error::PermissionDenied and the like when the file cannot be renamed.
     SetAside(const QString& path, const QString& target);
     SetAside(const SetAside&) = delete;
     SetAside& operator=(const SetAside&) = delete;

@@ -75,7 +75,7 @@ public:
     /// Starts an edge drag at a mouse position.
     void takeRightEdge(int x);
     void takeBottomEdge(int y);
-    // Without memory for a step (RuntimeError 7) the block stays whole where it is, lifted and framed.
+    // Without memory for a step (error::OutOfMemory) the block stays whole where it is, lifted and framed.
     /// Moves the block so that the point it was grabbed at follows the mouse, as far as the leeway goes.
     void dragTo(QPoint mouse);
     /// Moves the block by some pixels, as far as the leeway goes.

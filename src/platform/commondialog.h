@@ -11,8 +11,8 @@
 namespace ovrano {
 
 /// The file and colour dialogs as the handlers use them: properties are set, a Show… function is called,
-/// properties hold the answer. With CancelError a cancelled dialog throws RuntimeError 32755; without it
-/// the properties stay as they were.
+/// properties hold the answer. With CancelError a cancelled dialog throws error::Cancelled; without it the
+/// properties stay as they were.
 class CommonDialog {
 public:
     // Values of Flags. They say what a handler counts on; every dialog here behaves so by itself.

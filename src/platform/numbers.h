@@ -9,17 +9,17 @@ namespace ovrano {
 /// Nearest whole number, halves to the even neighbour (2.5 is 2, 3.5 is 4). Not finite stays as it is.
 double roundHalfEven(double value);
 
-/// roundHalfEven as a 16-bit number. Throws RuntimeError 6 (overflow) outside −32768..32767.
+/// roundHalfEven as a 16-bit number. Throws error::Overflow outside −32768..32767.
 std::int16_t toInteger16(double value);
 
-/// roundHalfEven as a 32-bit number. Throws RuntimeError 6 (overflow) outside the 32-bit range.
+/// roundHalfEven as a 32-bit number. Throws error::Overflow outside the 32-bit range.
 std::int32_t toInteger32(double value);
 
 /// A coordinate rounded to a whole pixel, halves to even. Clamped to ±2^28, which is outside every surface;
 /// NaN is 0.
 int pixelOf(double coordinate);
 
-/// A number in single precision. Throws RuntimeError 6 (overflow) when it is too large for that or no number.
+/// A number in single precision. Throws error::Overflow when it is too large for that or no number.
 float toSingle(double value);
 
 /// The number at the start of a text, 0 when there is none: blanks are skipped wherever they stand,
@@ -28,10 +28,10 @@ float toSingle(double value);
 /// the locale.
 double numericValue(const QString& text);
 
-/// numericValue rounded to a 16-bit number: "55.6" is 56, "abc" is 0. Throws RuntimeError 6 on overflow.
+/// numericValue rounded to a 16-bit number: "55.6" is 56, "abc" is 0. Throws error::Overflow.
 std::int16_t integerValue(const QString& text);
 
-/// numericValue in single precision. Throws RuntimeError 6 on overflow.
+/// numericValue in single precision. Throws error::Overflow.
 float singleValue(const QString& text);
 
 } // namespace ovrano

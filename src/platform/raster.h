@@ -25,8 +25,8 @@ public:
 
     /// The empty raster, 0 × 0.
     Raster() = default;
-    /// Filled with one colour, which costs one tile whatever the size. Negative sizes count as 0.
-    /// Throws RuntimeError 7 when a side exceeds MaxSide.
+    /// Filled with one colour, which costs one tile whatever the size. Negative sizes count as 0. Throws
+    /// error::OutOfMemory when a side exceeds MaxSide.
     Raster(QSize size, Colour fill);
 
     /// Shares the image's memory where its format is Format_RGB32 already, converts it otherwise.
@@ -56,7 +56,7 @@ public:
     void copyPixels(const Raster& source, const QRect& area);
 
     /// Makes the tiles that meet an area this raster's own, so that writing their pixels takes no more
-    /// memory. Without memory for that (RuntimeError 7) the pixels are still what they were.
+    /// memory. Without memory for that (error::OutOfMemory) the pixels are still what they were.
     void makeOwn(const QRegion& area);
 
     /// Another size: what is added has the fill colour, what no longer fits is cut.

@@ -9,7 +9,8 @@
 
 namespace ovrano {
 
-/// Numbers of the run-time errors; their French descriptions are in one table (descriptionOf).
+/// Numbers of the run-time errors; their French descriptions are in one table (descriptionOf). "Throws
+/// error::DiskFull" in a comment means a RuntimeError of that number.
 namespace error {
 inline constexpr int InvalidCall = 5;
 inline constexpr int Overflow = 6;

@@ -46,7 +46,8 @@ public:
     /// White, without border, with the default font.
     explicit Surface(const QString& name, QSize innerSize = QSize(0, 0), QObject* parent = nullptr);
 
-    // Size. Outer sizes are always pixels; a fraction is rounded. Throws RuntimeError 380 when negative.
+    // Size. Outer sizes are always pixels; a fraction is rounded. Throws error::InvalidPropertyValue when
+    // negative.
     int Width() const { return m_image.width() + 2 * m_border; }
     int Height() const { return m_image.height() + 2 * m_border; }
     void setWidth(double width);
@@ -64,8 +65,8 @@ public:
 
     // The two layers.
     const Raster& Picture() const { return m_picture; }
-    /// An empty raster empties the surface: it shows the background colour. Without memory (RuntimeError 7)
-    /// the surface stays what it was, as with a change of its size.
+    /// An empty raster empties the surface: it shows the background colour. Without memory
+    /// (error::OutOfMemory) the surface stays what it was, as with a change of its size.
     void setPicture(const Raster& picture);
     const Raster& Image() const;
     void Cls();

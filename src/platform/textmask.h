@@ -41,7 +41,7 @@ QSize textExtent(const QFont& font, const QString& text);
 /// Only the part inside a window is kept.
 class TextMask {
 public:
-    /// Throws RuntimeError 7 when memory does not suffice.
+    /// Throws error::OutOfMemory when memory does not suffice.
     TextMask(const QFont& font, const QString& text, const QRect& window);
 
     const QRect& window() const { return m_window; }
@@ -66,7 +66,7 @@ private:
 /// part inside a window is kept.
 class SmoothTextMask {
 public:
-    /// Throws RuntimeError 7 when memory does not suffice.
+    /// Throws error::OutOfMemory when memory does not suffice.
     SmoothTextMask(const QFont& font, const QString& text, const QRect& window);
 
     /// Where there is any ink, relative to the upper-left corner of the text's cell; empty without ink.

@@ -20,7 +20,7 @@ public:
 
     /// Of size 0 × 0.
     Tile() = default;
-    /// With pixels that are yet to be written. Throws RuntimeError 7 without memory for it, as all that
+    /// With pixels that are yet to be written. Throws error::OutOfMemory without memory for it, as all that
     /// follow.
     static Tile unwritten(QSize size);
     static Tile filled(QSize size, QRgb pixel);

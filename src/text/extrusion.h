@@ -31,12 +31,12 @@ inline constexpr Colour BrightestLayer = 0xFFEEFF;
 /// BrightestLayer.
 void PrintTextLayer(Surface& surface, float x, float y, Colour colour, const QString& text);
 
-/// How many twips an extrusion of that many pixels moves. Throws RuntimeError 6 beyond 16 bits.
+/// How many twips an extrusion of that many pixels moves. Throws error::Overflow beyond 16 bits.
 std::int16_t extrusionDepth(std::int16_t pixels);
 
-/// All depth + 1 layers from the farthest to the front, one per twip. Layer 0 has the colour as it is;
-/// the others brighten by one step each, from a colour darkened where needed for the front to stay within
-/// 255. Throws RuntimeError 6 where a coordinate leaves 16 bits.
+/// All depth + 1 layers from the farthest to the front, one per twip. Layer 0 has the colour as it is; the
+/// others brighten by one step each, from a colour darkened where needed for the front to stay within 255.
+/// Throws error::Overflow where a coordinate leaves 16 bits.
 std::vector<TextLayer> extrusionLayers(Colour colour, std::int16_t depth, Direction direction);
 
 /// The layers that leave something to see. Layers whose twips fall into the same pixel put their ink on the

@@ -23,8 +23,8 @@ enum class Sampling { Nearest, Mixed };
 /// patch; no two patches are read by one pixel, so several are painted at a time.
 class RasterRotation {
 public:
-    /// The source must outlive the rotation. Its pixels of the colour `skipped` are not copied.
-    /// Throws as RotationMap does, and RuntimeError 7 without memory.
+    /// The source must outlive the rotation. Its pixels of the colour `skipped` are not copied. Throws as
+    /// RotationMap does, and error::OutOfMemory without memory.
     RasterRotation(const Raster& source, double degrees, std::optional<Colour> skipped, Sampling sampling);
 
     /// The part of a destination of this size that may change: a square around the centre, clipped.

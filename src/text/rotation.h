@@ -15,7 +15,7 @@ std::int32_t SizeToRotateRegion(const Surface& surface);
 ///
 /// Pixels without a counterpart in source keep what they show, and so do those whose counterpart has the
 /// background colour when skipBackground is set. With sampleBetweenPixels, neighbouring source pixels are
-/// mixed. Throws RuntimeError 6 when the diagonal of source does not fit 16 bits.
+/// mixed. Throws error::Overflow when the diagonal of source does not fit 16 bits.
 void RotatePicture(const Surface& source, Surface& destination, double angle, bool skipBackground,
                    Colour backgroundColour, bool sampleBetweenPixels, std::int32_t centreX,
                    std::int32_t centreY);

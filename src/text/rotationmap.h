@@ -39,7 +39,8 @@ public:
         int last;
     };
 
-    /// Throws RuntimeError 6 when the diagonal exceeds 16 bits, 5 when the angle is not finite.
+    /// Throws error::Overflow when the diagonal exceeds 16 bits, error::InvalidCall when the angle is not
+    /// finite.
     RotationMap(QSize picture, double degrees);
 
     /// The digits matter: they decide how a coordinate that lies exactly between two pixels is rounded.

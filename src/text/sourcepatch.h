@@ -17,7 +17,7 @@ public:
     static constexpr int Side = Raster::TileSide;
     static constexpr QRgb Nothing = 0;
 
-    /// Pixels of the colour `skipped` are taken for Nothing. Throws RuntimeError 7 without memory.
+    /// Pixels of the colour `skipped` are taken for Nothing. Throws error::OutOfMemory without memory.
     explicit SourcePatch(std::optional<Colour> skipped);
     SourcePatch(const SourcePatch&) = delete;
     SourcePatch& operator=(const SourcePatch&) = delete;

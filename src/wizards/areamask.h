@@ -21,7 +21,7 @@ public:
     /// Adds one straight edge of an outline. The edges of each outline have to close it.
     void addEdge(QPointF from, QPointF to);
 
-    /// Format_Grayscale8, of the window's size. Throws RuntimeError 7 when memory does not suffice.
+    /// Format_Grayscale8, of the window's size. Throws error::OutOfMemory when memory does not suffice.
     QImage coverage() const;
 
 private:

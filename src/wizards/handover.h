@@ -15,7 +15,7 @@ public:
     Handover(WorkPicture& work, PictureView& view, QObject* parent = nullptr);
 
     /// Makes a picture the work picture, which takes its size, and fits the hidden companions to it. Without
-    /// memory for that (RuntimeError 7) all of them are left as they were.
+    /// memory for that (error::OutOfMemory) all of them are left as they were.
     void take(const Raster& picture);
     /// Shows the new picture from its upper-left corner, with its size, and leaves the tools of the one
     /// before.

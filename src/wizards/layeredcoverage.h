@@ -16,7 +16,7 @@ namespace ovrano {
 /// blending the result once gives the same pixels but for the rounding in between.
 ///
 /// `origins` are the upper-left corners of the text's cell, in the pixels of the area. The result is
-/// Format_Grayscale8 of the area's size, from 0 (free) to 255 (covered). Throws RuntimeError 7.
+/// Format_Grayscale8 of the area's size, from 0 (free) to 255 (covered). Throws error::OutOfMemory.
 QImage layeredCoverage(const SmoothTextMask& mask, const std::vector<QPoint>& origins, const QRect& area);
 
 } // namespace ovrano

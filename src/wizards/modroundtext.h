@@ -27,7 +27,7 @@ struct RoundPath {
     std::int16_t centreY;
     float step; // the angle from one character to the next
 
-    /// The place of a character, counted from 0. Throws RuntimeError 6 where a number overflows or is none.
+    /// The place of a character, counted from 0. Throws error::Overflow where a number overflows or is none.
     RoundPlace place(std::int16_t index) const;
 };
 

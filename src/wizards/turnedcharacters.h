@@ -40,8 +40,8 @@ public:
     /// Whether these are the characters of that font.
     bool areOf(const QFont& font) const;
 
-    /// Draws characters in the surface's ForeColor, one after the other. Throws RuntimeError 7 when memory
-    /// does not suffice; what has been drawn by then stays.
+    /// Draws characters in the surface's ForeColor, one after the other. Throws error::OutOfMemory when
+    /// memory does not suffice; what has been drawn by then stays.
     void print(Surface& target, const std::vector<TurnedCharacter>& characters);
 
 private:

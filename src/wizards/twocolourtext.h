@@ -51,7 +51,7 @@ QString withoutFullTurns(const QString& digits);
 
 /// Prints a text in the surface's font in this order; the surface's scale is pixels. Prints of one colour
 /// that follow each other are laid down in one go, which differs from single prints by rounding alone. Throws
-/// RuntimeError 7 when memory does not suffice.
+/// error::OutOfMemory when memory does not suffice.
 void printTextLayers(Surface& surface, const QString& text, const std::vector<TextPrint>& prints);
 
 } // namespace ovrano
