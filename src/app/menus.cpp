@@ -85,8 +85,8 @@ QMenu* Menus::newMenu(const char* name, const QString& caption) {
 
 QAction* Menus::newEntry(QMenu* menu, const char* name, const QString& caption,
                          const QList<QKeySequence>& keys) {
-    // The keys belong to shortcuts of their own, because an entry that was disabled when its menu last
-    // opened may be allowed by now: the menu only shows the first of them.
+    // The keys are separate shortcuts: an entry that was disabled when its menu last opened may be allowed by
+    // now. The menu only shows the first of them.
     const QString shown =
         keys.isEmpty() ? QString() : QLatin1Char('\t') + keys.first().toString(QKeySequence::NativeText);
     QAction* entry = menu->addAction(caption + shown);

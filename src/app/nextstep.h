@@ -49,7 +49,7 @@ private:
     const ImageButton& m_imgColorPicker;
     const QLineEdit& m_txbWriteText;
     const QWidget& m_textTools;
-    QTimer m_settled; // a command sets its flags one after the other: they are read when it is over
+    QTimer m_settled; // a command sets several flags: they are read once, when it is over
     QString m_told;
 };
 

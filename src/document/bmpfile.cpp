@@ -13,9 +13,9 @@ namespace ovrano {
 
 namespace {
 
-/// What is packed and written in one go. Every call costs the file system some microseconds, so smaller
-/// chunks are slower; larger ones leave the processor's cache, and a buffer for the whole file takes more
-/// than twice as long for its fresh memory alone.
+/// Bytes that are packed and written in one call. Each call costs the file system some microseconds, so
+/// smaller chunks are slower. Larger ones leave the processor's cache; a buffer for the whole file takes more
+/// than twice as long, because of its page faults.
 constexpr qsizetype ChunkBytes = 1'048'576;
 
 void requireFits(QSize size) {
@@ -36,8 +36,8 @@ OVRANO_VECTORISED void packRow(const QRgb* pixels, std::size_t count, uchar* out
     }
 }
 
-/// Has the processor fetch a row of a tile that will be needed soon. The rows of a tile are too short for it
-/// to see by itself how the reading goes on: a fifth of the time of a whole save.
+/// Has the processor fetch a row of a tile that will be needed soon. The rows of a tile are too short for
+/// automatic prefetching, which costs a fifth of the time of a save.
 void fetchAhead(const QRgb* pixels, int count) {
     constexpr int PixelsPerCacheLine = 64 / sizeof(QRgb);
     for (int i = 0; i < count; i += PixelsPerCacheLine)

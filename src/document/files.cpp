@@ -41,8 +41,8 @@ void requireFolderOf(const std::filesystem::path& path) {
     throw RuntimeError::fromErrno(code);
 }
 
-/// What the system gives a new file: its folder may have rules of its own beside the user's. Nothing when
-/// none can be made there.
+/// The permissions that the system gives a new file; the folder may have rules beside the user's. Nothing
+/// when no file can be created there.
 QFile::Permissions permissionsOfNewFile(const QString& path) {
     QFile probe(hiddenNameBeside(path));
     if (!probe.open(QIODevice::WriteOnly | QIODevice::NewOnly))

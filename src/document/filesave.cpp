@@ -51,7 +51,7 @@ QString folderOf(const QString& path, const QString& title) {
     return AddBackslash(path.chopped(title.size()));
 }
 
-/// A link to the very name of a temporary file would have the result go with that file. Throws
+/// If the name is a link to the temporary file, the result would be deleted with it. Throws
 /// error::PathFileAccess.
 void requireApart(const QString& temporary, const QString& target) {
     if (behindLinks(target) == behindLinks(temporary))

@@ -16,14 +16,14 @@ namespace {
 constexpr int MaxSide = 65535;
 constexpr int BitsPerChannel = 8;
 
-/// The way of the bytes through the library, which is C: an exception must not pass through it, so it is kept
-/// and thrown again afterwards.
+/// Passes the bytes through the library. It is C and no exception may cross it, so an exception of the sink
+/// is kept and thrown again afterwards.
 struct Output {
     const ByteSink& sink;
     std::exception_ptr failure;
 };
 
-/// What the library calls to write; fewer bytes than it has tell it that it failed.
+/// The library's write function; returning fewer bytes than given reports a failure.
 int send(GifFileType* gif, const GifByteType* bytes, int count) {
     auto& output = *static_cast<Output*>(gif->UserData);
     try {

@@ -13,8 +13,8 @@ namespace {
 constexpr int MostCodeBits = 12;
 constexpr int MostPixelBits = 8;
 
-/// The codes of a frame: numbers of a width that grows, the first one in the lowest bits, in blocks of a
-/// length byte and so many bytes.
+/// The codes of a frame: numbers of growing width, packed from the lowest bits on, in blocks of a length byte
+/// and that many bytes.
 class CodeReader {
 public:
     explicit CodeReader(ByteCursor& cursor)
@@ -55,8 +55,8 @@ private:
     int m_count = 0; // bits of m_waiting
 };
 
-/// How many pixels each code stands for: those before `m_clear` for one, those behind for what the code
-/// before them stood for and one more.
+/// How many pixels each code stands for: those below `m_clear` for one, those above for one more than the
+/// code read before them.
 class CodeLengths {
 public:
     explicit CodeLengths(int pixelBits)

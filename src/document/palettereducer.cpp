@@ -40,8 +40,8 @@ Palette reducedPalette(ColourHistogram histogram) {
     return toPalette(colours);
 }
 
-/// Of more colours than MaxBins. Where they lie close together, as in a portrait, 256 colours come so near to
-/// them that bins of 4 × 4 × 4 would be felt; where they do not, finer bins would gain next to nothing.
+/// For more colours than MaxBins. If they lie close together, as in a portrait, 256 colours come so near to
+/// them that bins of 4 × 4 × 4 would be too coarse; otherwise finer bins gain next to nothing.
 ColourHistogram coarseHistogram(const ColourCounts& counts) {
     ColourHistogram fine = counts.histogram(2);
     return fine.size() <= MaxBins ? fine : counts.histogram(4);

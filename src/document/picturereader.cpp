@@ -20,9 +20,9 @@ namespace ovrano {
 
 namespace {
 
-/// A header of a few bytes can announce any size, so what is set aside in memory is measured by the file:
-/// beyond a size that costs nothing it must hold at least a byte for so many pixels. No format comes near:
-/// the best packed one, a blank black-and-white PNG, needs one for 8256.
+/// A header of a few bytes can announce any size. So beyond a size that costs nothing, a file must hold at
+/// least one byte for so many pixels. No real file comes near that limit: the best packed one, a blank
+/// black-and-white PNG, has one byte for 8256 pixels.
 constexpr qint64 FreePixels = 16'000'000;
 constexpr qint64 MaxPixelsPerByte = 10'000;
 
@@ -33,8 +33,8 @@ void requirePlausible(QSize size, qint64 fileBytes) {
         throw RuntimeError(error::InvalidPicture);
 }
 
-/// What the file's own head says, before anything has been read from the device: the toolkit does not know
-/// all versions of a BMP file, and it takes a GIF's first frame for its size where its decoder will not.
+/// The size in the file's header, read before anything else: the toolkit does not know all versions of a BMP
+/// file, and for a GIF it may report the first frame's size.
 QSize announcedSize(QIODevice& device, const QImageReader& reader) {
     if (reader.format() == "bmp")
         return bmp::layoutOf(device).size();
@@ -50,8 +50,8 @@ QByteArray formatOf(QIODevice& device) {
     return QByteArrayList({"bmp", "gif", "jpeg", "png"}).contains(format) ? format : QByteArray();
 }
 
-/// The JPEG decoder writes all rows, with grey where the data is damaged, or fails; filling half a gigabyte
-/// beforehand would be for nothing.
+/// The JPEG decoder writes all rows (grey where the data is damaged) or fails, so filling half a gigabyte
+/// beforehand would be wasted.
 QImage canvasFor(const QByteArray& format, QSize size, QImage::Format pixels, EventYield& yield) {
     return format == "jpeg" ? bareCanvas(size, pixels) : newCanvas(size, pixels, yield);
 }
@@ -64,7 +64,8 @@ Raster decode(QIODevice& device) {
         throw RuntimeError(error::InvalidPicture);
     yielding.seek(0);
     const DecoderLog log;
-    QImageReader::setAllocationLimit(0); // 128 MB would refuse an ordinary scan; requirePlausible stands in
+    QImageReader::setAllocationLimit(
+        0); // the default of 128 MB would refuse an ordinary scan; requirePlausible checks instead
     QImageReader reader(&yielding, format);
     const QSize size = announcedSize(yielding, reader);
     requirePlausible(size, device.size());

@@ -15,10 +15,10 @@ struct SelfContainedSvg {
 /// decoded before it is drawn, and the same one as often as it is embedded.
 inline constexpr qint64 MostEmbeddedPixels = 64'000'000;
 
-/// The same vector picture without what its drawing would fetch from elsewhere: references to files and
-/// addresses. Embedded pictures stay if decodePicture takes them, until they come to MostEmbeddedPixels;
-/// those beyond lose their reference, while smaller ones that follow may still find room. Throws
-/// error::InvalidPicture when it is not well-formed or drawing it would exceed a DrawingBudget.
+/// The same vector picture without references to files and addresses. Embedded pictures stay if decodePicture
+/// accepts them, up to MostEmbeddedPixels in total; one that does not fit loses its reference, while a
+/// smaller one after it may still fit. Throws error::InvalidPicture when it is not well-formed or drawing it
+/// would exceed a DrawingBudget.
 SelfContainedSvg selfContainedSvg(const QByteArray& svg, EventYield& yield);
 
 } // namespace ovrano

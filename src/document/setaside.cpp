@@ -35,7 +35,7 @@ QString numbered(const QFileInfo& file, int number) {
         QStringLiteral("%1 (%2).%3").arg(file.completeBaseName(), QString::number(number), file.suffix()));
 }
 
-/// Gives a file a name beside that is free, also a moment after that was looked up.
+/// Renames a file to a free name in the same folder; a name that is taken in the meantime is not overwritten.
 QString renameBeside(const QString& path, const QString& target) {
     for (int number = 1;; ++number) {
         QString candidate = numbered(QFileInfo(path), number);

@@ -4,9 +4,9 @@
 
 namespace ovrano {
 
-/// Parts the colours into at most `count` boxes and gives the boxes' mean colours. Starting from one box, the
-/// cut that lessens the sum of squared distances to the means most is made, again and again, wherever it
-/// lies. Reorders the histogram so that the bins of a box are neighbours.
+/// Parts the colours into at most `count` boxes and gives the boxes' mean colours. It starts with one box and
+/// repeatedly makes the cut, in any box, that reduces the sum of squared distances to the means most.
+/// Reorders the histogram so that the bins of a box are neighbours.
 ///
 /// After X. Wu, "Color quantization by dynamic programming and principal analysis", ACM Transactions on
 /// Graphics 11(4), 1992, and his "Efficient statistical computations for optimal color quantization",

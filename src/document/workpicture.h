@@ -40,8 +40,8 @@ public:
     /// size and shows its background beside the copy. A failed copy is reported and gives false.
     bool BitbltPic(const Surface& src, Surface& dst);
 
-    /// Keeps what picDisp shows for one Undo. Without memory for it (error::OutOfMemory) the one before is
-    /// kept.
+    /// Keeps what picDisp shows for one Undo. Without memory for it (error::OutOfMemory) the snapshot before
+    /// is kept.
     void TakeUndoSnapshot();
 
     /// Takes ImageWidth and ImageHeight from picDisp.

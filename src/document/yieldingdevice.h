@@ -6,8 +6,8 @@
 
 namespace ovrano {
 
-/// Passes another device's bytes on and lets the window repaint between two readings: decoders ask for a few
-/// thousand bytes at a time and are not interrupted otherwise.
+/// Passes another device's bytes on and lets the window repaint between two reads. Decoders read a few
+/// thousand bytes at a time and cannot be interrupted otherwise.
 class YieldingDevice : public QIODevice {
     Q_OBJECT
 

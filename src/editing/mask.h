@@ -13,9 +13,9 @@ void WhiteNonPaintArea(Surface& pic, Colour colour);
 /// Yields to pending window events during the scan.
 void CreateMask(Surface& pic, Colour colour);
 
-/// Draws a block through its mask in place: destination = (NOT mask OR destination) AND block, where both
-/// have their upper-left corner at `to` and the part `size` of them is taken; clipped on every side. Yields,
-/// where asked to, after each tile of the destination.
+/// Draws a block through its mask in place: destination = (NOT mask OR destination) AND block. Both have
+/// their upper-left corner at `to`; `size` of them is taken, clipped on every side. Yields, where asked to,
+/// after each tile of the destination.
 void composeMasked(Raster& destination, const Raster& block, const Raster& mask, QPoint to, QSize size,
                    EventYield* yield = nullptr);
 /// The same on what surfaces show.

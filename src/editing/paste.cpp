@@ -125,7 +125,7 @@ void Paste::place(const Raster& picture, const PasteQuestion& question) {
     m_work.ImageModified = true;
     m_block.SelX2 = static_cast<float>(m_work.picAuto.ScaleWidth() - 1);
     m_block.SelY2 = static_cast<float>(m_work.picAuto.ScaleHeight() - 1);
-    // Without memory for a block there is none, neither the one before nor half of this one.
+    // Without memory there is no block at all, neither the one before nor half of this one.
     auto noBlock = qScopeGuard([this] { m_block.forget(); });
     m_progress.lifted = lift();
     if (m_progress.lifted)

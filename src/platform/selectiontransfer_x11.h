@@ -24,9 +24,8 @@ public:
     /// XCB_WINDOW_NONE when nobody has anything on the clipboard.
     xcb_window_t owner() const { return m_owner; }
 
-    /// What the owner gives for a target; empty when it gives nothing or does not come to its end. Waits for
-    /// the first answer, and again for each piece, as many milliseconds as `patience` says. Can be called
-    /// once.
+    /// The owner's bytes for a target; empty when it gives nothing or does not finish. Waits at most
+    /// `patience` milliseconds for the first answer and for each piece. Can be called once.
     QByteArray fetch(const QByteArray& target, int patience);
 
     /// Whether the last fetch ended because the owner took too long.

@@ -26,14 +26,14 @@ enum class BoxStyle { Outline, Filled };
 /// A raster surface: a size, a persistent Picture (possibly empty, with a size of its own) and the drawn
 /// Image of the surface's inner size.
 ///
-/// Image starts as the background colour with Picture laid over it from the upper-left corner. Drawing
-/// and raster copies change Image only; Cls() makes Image what it started as, commit() makes Picture what
-/// Image is. A larger surface shows in its new area what Cls() would show there; a smaller one cuts; what
-/// is drawn in the part that stays survives.
+/// Image starts as the background colour with Picture laid over it from the upper-left corner. Drawing and
+/// raster copies change Image only; Cls() makes Image what it started as, commit() makes Picture what Image
+/// is. Enlarging shows in the new area what Cls() would show there; shrinking cuts. Drawing in the part that
+/// stays survives.
 ///
-/// An outline that is drawn alone is kept beside Image, as the pixels that it changes, until somebody reads
-/// Image or draws more: the frame of a block is drawn and cleared at every step of a drag, and drawn into
-/// the raster its four lines would copy all tiles that they touch.
+/// An outline that is drawn alone is kept beside Image, as the pixels that it changes, until Image is read or
+/// drawn on. The frame of a block is drawn and cleared at every step of a drag; in the raster its four lines
+/// would copy every tile that they touch.
 ///
 /// Width and Height are outer sizes and include the border, ScaleWidth and ScaleHeight are the inner ones,
 /// in the units of the scale mode. Coordinates are rounded to pixels with halves to even in the pixel
@@ -73,9 +73,9 @@ public:
     /// Picture becomes Image.
     void commit();
     class Contents;
-    /// All that the surface holds and its scale mode, for putBack(). It costs references and no pixels.
+    /// The surface's contents and scale mode, for putBack(). Copies references, no pixels.
     Contents contents() const;
-    /// Makes the surface what it was, which takes no memory.
+    /// Restores these contents; needs no memory.
     void putBack(const Contents& contents);
     /// Shows at once what has been drawn; otherwise it appears when the event loop runs next.
     void Refresh() { Q_EMIT refreshed(); }
@@ -133,9 +133,9 @@ public:
         const auto marked = qScopeGuard([&] { drawn(inside); }); // also what an edit that fails has done
         edit(m_image, inside);
     }
-    /// The same with commit() in one: edit(Raster&) may change pixels inside the area, and all that has been
-    /// drawn becomes Picture. What no other surface shares is written in place; drawn first and committed
-    /// after, it would be copied, because Picture keeps it until then.
+    /// Editing and commit() in one step: edit(Raster&) may change pixels inside the area, then Image becomes
+    /// Picture. Tiles that no other surface shares are written in place; in two steps they would be copied,
+    /// because Picture shares them until the commit.
     template<typename Edit>
     void editCommitted(const QRegion& area, Edit&& edit) {
         settle();

@@ -33,8 +33,8 @@ QFont smoothTextFont(const QString& family, double points, const TextStyle& styl
 /// the screen. More than 10,000 points count as 10,000, what is no number as the smallest.
 int textPixelSize(double points);
 
-/// Advance width and line height of a one-line text in pixels. Of a text so long that no surface could show
-/// its end, the width of a part is given, and no more than that part is ever drawn.
+/// Advance width and line height of a one-line text in pixels. A text too long for any surface is cut: only
+/// the part that is measured is drawn.
 QSize textExtent(const QFont& font, const QString& text);
 
 /// The ink of a text printed once: horizontal runs of pixels relative to the upper-left corner of its cell.
@@ -62,8 +62,8 @@ private:
     std::vector<Run> m_runs; // from top to bottom, left to right
 };
 
-/// The same for a text with soft edges: for each pixel how much of it the ink covers, from 0 to 255. Only the
-/// part inside a window is kept.
+/// The same for a text with soft edges: the coverage of each pixel, 0 to 255. Only the part inside a window
+/// is kept.
 class SmoothTextMask {
 public:
     /// Throws error::OutOfMemory when memory does not suffice.

@@ -11,8 +11,8 @@ namespace ovrano {
 /// A small picture, 32-bit RGB (QImage::Format_RGB32), that copies share until one of them is written. It is
 /// what rasters are made of.
 ///
-/// Its memory is kept when it goes and given to the next one, unless the tile is less than half a full one:
-/// memory fresh from the system costs more, for its page faults, than all that most tiles are written with.
+/// The memory of a destroyed tile is kept for the next one, unless it is less than half a full tile: the page
+/// faults of fresh memory cost more than writing most tiles.
 class Tile {
 public:
     /// Side in pixels of a full tile, the largest there is.
@@ -41,7 +41,7 @@ public:
     QRgb* pixels();
     std::ptrdiff_t pixelsPerRow() const;
 
-    /// The memory of how many tiles is kept for the next ones (for tests).
+    /// How many tiles' memory is kept at the moment (for tests).
     static std::size_t kept();
 
 private:

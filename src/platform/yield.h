@@ -16,8 +16,8 @@ public:
     EventYield() { m_sinceLast.start(); }
     void operator()();
 
-    /// Whether events are being processed in the middle of a command: what is triggered then otherwise than
-    /// by mouse and keys (by an assistive tool, say) must not start another one.
+    /// Whether events are being processed in the middle of a command. Input is held back then; commands
+    /// triggered in other ways (by an assistive tool, say) must check this and not start.
     static bool isUnderWay();
 
     /// Who is told of every time that events are about to be processed: one listener, or none.
@@ -30,8 +30,7 @@ private:
     QElapsedTimer m_sinceLast;
 };
 
-/// A command as it is connected to what starts it: nothing happens while another one is in the middle of its
-/// work.
+/// Wraps a command for a signal: it is ignored while another command is under way.
 template<typename Command>
 auto unlessUnderWay(Command command) {
     return [command = std::move(command)] {
@@ -40,7 +39,7 @@ auto unlessUnderWay(Command command) {
     };
 }
 
-/// Lets the mouse presses that came during a long command go by: they were aimed at what was shown before.
+/// Discards the mouse presses that came during a long command: they were aimed at what was shown before.
 /// Mouse moves, keys and requests to close are obeyed as usual.
 void discardWaitingPresses();
 

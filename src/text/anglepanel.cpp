@@ -56,7 +56,7 @@ void AnglePanel::fillList() {
     addNumbers(*cboRotateAngle, -LargestAngle, LargestAngle);
     cboRotateAngle->setMaxVisibleItems(VisibleAngles);
     cboRotateAngle->setMinimumContentsLength(4);
-    // Asking 721 entries for their widths would be felt at every change of the layout.
+    // Measuring all 721 entries at every change of the layout would be slow.
     cboRotateAngle->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lblAnglePreset->setBuddy(cboRotateAngle);
 }
@@ -69,7 +69,7 @@ void AnglePanel::setUpScrollBar() {
     HsbRotateAngle->setInvertedControls(false);
 }
 
-/// Prints the sample as the texts are printed that it stands for, small enough to be turned in its square.
+/// Prints the sample as texts are printed, small enough to be turned in its square.
 void AnglePanel::drawSample() {
     const QString text = QStringLiteral("Texte");
     Surface& sample = *picRotateAngleSample;

@@ -23,8 +23,7 @@ struct TextLayer {
     bool operator==(const TextLayer&) const = default;
 };
 
-/// The brightest value a layer is ever drawn in. White means see-through to the mask that is cut from the
-/// text later.
+/// The brightest colour of a layer: white would become see-through in the mask that is cut later.
 inline constexpr Colour BrightestLayer = 0xFFEEFF;
 
 /// Prints a text at a place given in the surface's scale, in its font, in a colour of at most
@@ -39,8 +38,8 @@ std::int16_t extrusionDepth(std::int16_t pixels);
 /// Throws error::Overflow where a coordinate leaves 16 bits.
 std::vector<TextLayer> extrusionLayers(Colour colour, std::int16_t depth, Direction direction);
 
-/// The layers that leave something to see. Layers whose twips fall into the same pixel put their ink on the
-/// very same pixels, so only the last of them counts; the order is kept.
+/// The layers that stay visible, in the same order. Layers whose twips fall into the same pixel cover the
+/// same pixels, so only the last of them counts.
 std::vector<TextLayer> visibleLayers(const std::vector<TextLayer>& layers);
 
 /// Prints the visible layers of a text on a surface whose scale is twips.

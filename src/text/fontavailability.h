@@ -12,8 +12,8 @@ enum class FontAvailability {
     Missing      ///< something else will be drawn
 };
 
-/// Compares without regard to case and to a foundry in brackets ("Nimbus Sans [urw]"). What the toolkit
-/// reads back from a font tells nothing here, since it always names some substitute.
+/// Compares without regard to case and to a foundry in brackets ("Nimbus Sans [urw]"). The family that the
+/// toolkit reads back from a font is no answer: it always names some substitute.
 FontAvailability fontAvailability(const QString& family, const QStringList& installed);
 
 /// The same among the fonts of this computer.

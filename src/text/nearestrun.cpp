@@ -44,7 +44,8 @@ public:
     }
 
 private:
-    // Inside a patch no coordinate is negative, and as unsigned numbers all processors can shift them.
+    // Unsigned, because not every processor can shift signed vectors; inside a patch no coordinate is
+    // negative.
     using Coordinates = Vector<std::uint64_t, Group>;
 
     OVRANO_INLINED static std::uint64_t at(RotationMap::Fixed coordinate) {
@@ -70,8 +71,8 @@ OVRANO_VECTORISED void copyGroups(QRgb* out, int count, const QRgb* patch, Point
             out[i + k] = patch[places[k]];
 }
 
-/// What is below is neither read nor touched where there is nothing to copy: most of the time goes by waiting
-/// for the memory of the destination.
+/// Where there is nothing to copy, the destination is neither read nor written: most of the time is spent
+/// waiting for its memory.
 OVRANO_VECTORISED void layGroupsOver(QRgb* out, int count, const QRgb* patch, Point from, Point step) {
     Places places(from, step);
     for (int i = 0; i < count; i += Group, places.next()) {
@@ -95,7 +96,7 @@ void layNearestOver(QRgb* out, int count, const SourcePatch& patch, RotationMap:
     const QRgb* pixels = patch.at(0, 0);
     const auto lay = patch.isWhole() ? copyGroups : layGroupsOver;
     lay(out, inGroups, pixels, from, step);
-    // The last ones singly: to begin another group takes longer.
+    // The rest one by one: starting another group takes longer.
     for (int i = inGroups; i < count; ++i) {
         const QRgb sample = pixels[placeOf({from.x + i * step.x, from.y + i * step.y})];
         if (sample != SourcePatch::Nothing)

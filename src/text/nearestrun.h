@@ -5,9 +5,9 @@
 
 namespace ovrano {
 
-/// Lays a run of pixels over `count` pixels at `out`: the nearest ones to points of a patch, the first point
-/// `from`, in the patch's own coordinates, the others each `step` further. What is Nothing there leaves what
-/// is below. All points must lie in the patch's area.
+/// Paints `count` pixels at `out`: each takes the nearest pixel to a point of a patch. The first point is
+/// `from`, in the patch's coordinates, each following one is `step` further. Where the patch has Nothing, the
+/// pixel is left as it is. All points must lie in the patch's area.
 void layNearestOver(QRgb* out, int count, const SourcePatch& patch, RotationMap::Point from,
                     RotationMap::Point step);
 

@@ -114,7 +114,7 @@ void OneColourPanel::cmd1Color3DProceed_Click() {
     ErrMsgProc(m_dialogs, QStringLiteral("cmd1Color3DProceed_Click"), RuntimeError(error::OutOfMemory));
 }
 
-/// False when there is not enough memory for a step; those after it have not been done then.
+/// False when a step lacked memory; the steps after it are then left out.
 bool OneColourPanel::stamp() {
     using Step = void (OneColourPanel::*)();
     using Panel = OneColourPanel;

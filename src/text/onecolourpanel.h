@@ -33,8 +33,8 @@ public:
 
     QString lastWrittenText;
 
-    /// After the check of the inputs a step that fails is skipped and the next one runs. Only when memory
-    /// runs short it is told, and the picture, what Undo can do and an earlier block are left as they were.
+    /// After the check of the inputs, a step that fails is skipped and the next one runs. Only a lack of
+    /// memory is reported; then the picture, Undo and an earlier block stay as they were.
     void cmd1Color3DProceed_Click();
 
 Q_SIGNALS:

@@ -53,7 +53,7 @@ RasterRotation::RasterRotation(const Raster& source, double degrees, std::option
     , m_margin(sampling == Sampling::Mixed ? 1 : 0)
     , m_hasOwnAxes(m_map.hasTiesOnAxes())
     , m_parts([skipped] { return std::make_unique<Part>(skipped); }) {
-    m_parts.of(Caller); // where there is no memory for it, nothing is painted
+    m_parts.of(Caller); // allocated first: without memory nothing is painted
 }
 
 QRect RasterRotation::areaIn(QSize destination, QPoint centre) const {
@@ -111,7 +111,7 @@ void RasterRotation::paintTile(Tile& tile, const QRect& place, const Part& part,
     }
 }
 
-/// Several patches may paint different pixels of one tile at a time: whoever comes first makes it writable.
+/// Several threads may paint different pixels of one tile at once; the first one makes it writable.
 QRgb* RasterRotation::pixelsOf(Tile& tile) {
     const std::scoped_lock lock(m_tiles);
     return tile.pixels();

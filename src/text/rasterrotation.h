@@ -15,12 +15,11 @@ namespace ovrano {
 
 enum class Sampling { Nearest, Mixed };
 
-/// A picture about to be laid over another one, turned about its middle (see RotationMap).
+/// Lays a picture over another one, turned about its middle (see RotationMap).
 ///
-/// Every destination pixel fetches its colour from the source. The source is gone through patch by patch,
-/// each read once in the order of memory and painted while it is in the cache; a patch without anything to
-/// copy costs no more than that reading. What is written are the runs of destination pixels that read the
-/// patch; no two patches are read by one pixel, so several are painted at a time.
+/// Every destination pixel takes its colour from the source. The source is processed patch by patch: each is
+/// read once, in memory order, and painted while it is in the cache. A patch without anything to copy costs
+/// only the reading. Each destination pixel reads one patch only, so several patches are painted in parallel.
 class RasterRotation {
 public:
     /// The source must outlive the rotation. Its pixels of the colour `skipped` are not copied. Throws as

@@ -19,8 +19,8 @@ double diagonalAndMargin(double width, double height);
 /// turn the picture counter-clockwise.
 ///
 /// The map is linear: along a row, a source coordinate grows by the same step from pixel to pixel. It is
-/// computed in fixed-point numbers, so that the steps add up without error and who asks for a column's
-/// coordinates gets the same ones on every way.
+/// computed in fixed-point numbers, so that the steps add up without error and a column has the same
+/// coordinates however they are computed.
 class RotationMap {
 public:
     /// Pixels with 47 fractional bits, which leaves room for 16-bit coordinates and keeps the error under
@@ -59,8 +59,8 @@ public:
     /// What both source coordinates grow by from one column to the next.
     Point step() const { return m_step; }
 
-    /// Whether a coordinate that the row or the column of the centre reads lies so near to where pixels meet
-    /// that the last digits of a formula decide which of them it is in, as at multiples of 30 degrees.
+    /// Whether the row or the column of the centre has a coordinate so close to the border between two pixels
+    /// that rounding errors decide between them, as at multiples of 30 degrees.
     bool hasTiesOnAxes() const;
 
     /// Offsets among which are all that read a part of the picture.

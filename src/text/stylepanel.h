@@ -47,7 +47,7 @@ public:
     std::int16_t ColorGreen = 0;
     std::int16_t ColorBlue = 0;
 
-    /// Whether a text can be written with these settings; tells the user what is in the way.
+    /// Whether a text can be written with these settings; if not, a message says why.
     bool CheckTextInputs();
     /// Gives a surface the panel's font and colour.
     void ApplyTextFont(Surface& surface) const;

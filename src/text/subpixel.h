@@ -11,9 +11,8 @@ inline constexpr int SubpixelBits = 8;
 /// `nearest` is the pixel that the point is in, `right` and `down` are the point's distance from the pixel's
 /// middle in 1/256 pixel, half a pixel at most.
 ///
-/// Neighbours that are not to be copied (SourcePatch::Nothing) count as the nearest pixel: a background that
-/// is left out must not shine through as a pale seam, and the picture's edge keeps its colour. Where the
-/// nearest pixel is Nothing itself, so is the result.
+/// Neighbours that are SourcePatch::Nothing count as the nearest pixel: a skipped background must not show as
+/// a pale seam, and the picture's edge keeps its colour. If the nearest pixel is Nothing, so is the result.
 QRgb mixedPixel(const QRgb* nearest, int right, int down);
 
 } // namespace ovrano

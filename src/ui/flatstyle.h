@@ -12,9 +12,8 @@ namespace ovrano {
 /// what shows a state or can be dragged is outlined in palettes of high contrast. Sizes and everything else
 /// come from the desktop's style.
 ///
-/// There is one such style. It is given to the flattened controls alone, so that the toolkit's own dialogs
-/// keep the desktop's look, and a change of the application's style does not take it away: it then goes on
-/// with the new one beneath.
+/// There is one such style. Only the flattened controls get it, so that the toolkit's own dialogs keep the
+/// desktop's look. When the application's style changes, it stays and takes the new one as its base.
 class FlatStyle : public QProxyStyle {
     Q_OBJECT
 

@@ -10,9 +10,9 @@ namespace ovrano {
 
 /// Fills closed outlines into a mask that says exactly how much of each pixel lies inside, 0 to 255.
 ///
-/// Every edge adds to the pixels that it crosses how much of them lies to its right, signed by whether it
-/// runs down or up; the running sum along a row is then the part of each pixel that is inside. Outlines that
-/// overlap in the same direction count once.
+/// Every edge adds to each pixel that it crosses the share of the pixel to its right, positive if it runs
+/// down, negative if up; the running sum along a row is then the share of each pixel that is inside. Outlines
+/// that overlap in the same direction count once.
 class AreaMask {
 public:
     /// For outlines that lie inside `window`, in pixels.

@@ -10,8 +10,8 @@ namespace ovrano {
 /// A frame around a picture that grows and shrinks with it, in pixels: enlarging the window enlarges the
 /// picture by as much.
 ///
-/// At first the picture keeps the size that it comes with. Where the controls around it leave more room, it
-/// stands in the middle of that room, and does so from then on; where the screen leaves less, it is cut.
+/// At first the picture has the size that it comes with. In a larger frame it is centred, also later on; in a
+/// smaller one it is cut.
 class ExampleFrame : public QFrame {
     Q_OBJECT
 

@@ -48,8 +48,8 @@ QStringList charactersOf(const QString& text);
 /// The current position of the target moves as printing the last character alone would move it: to the left
 /// edge, a line below that character's corner.
 ///
-/// A number that overflows or is none (also more than 32,767 characters) ends the drawing quietly; what has
-/// been printed by then stays.
+/// A number that overflows or is NaN, and more than 32,767 characters, end the drawing quietly; what has been
+/// printed by then stays.
 void PrintRoundText(Surface& target, const QString& text, float startAngle, float radius,
                     std::int16_t centreX, std::int16_t centreY, float sector);
 

@@ -23,7 +23,7 @@ public:
     Q_DISABLE_COPY_MOVE(PictureDialog)
     ~PictureDialog() override;
 
-    /// From here on the dialog is being left: see isLeaving().
+    /// From here on isLeaving() is true.
     void done(int result) override;
 
 protected:
@@ -34,7 +34,7 @@ public:
     QLabel* const lblPictureSize;
 
 protected:
-    /// Whether the dialog is on its way out, so that nothing is to be drawn, taken over or reported any more.
+    /// Whether the dialog is closing: then nothing is drawn, taken over or reported any more.
     bool isLeaving() const { return m_leaving; }
     /// Hides the dialog for good. To be called first in the destructor of whatever handles its events: a
     /// field that loses the keyboard announces it.

@@ -48,9 +48,8 @@ public:
     /// The close box and Escape do as Fermer.
     void reject() override { Command5_Click(); }
 
-    /// Waits without letting anything else happen. Midnight makes no difference, and neither does setting the
-    /// clock: what counts is the time that has passed. A negative delay, and one that is no number or has no
-    /// end, is over at once.
+    /// Blocks for so many seconds of elapsed time; midnight and changes of the clock make no difference.
+    /// Negative, infinite and NaN delays return at once.
     static void waitFor(float seconds);
 
 protected:
