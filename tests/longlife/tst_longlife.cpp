@@ -30,8 +30,8 @@ void TestLongLife::nothingGrows() {
     QCOMPARE(life.files(), files);
     QCOMPARE(after.widgets, before.widgets);
     QCOMPARE(after.descriptors, before.descriptors);
-    QCOMPARE(after.threads, before.threads);
-#ifndef OVRANO_SANITIZED // whose allocator is another
+    QVERIFY(after.threads <= before.threads); // one may have been ending just then
+#ifndef OVRANO_SANITIZED                      // whose allocator is another
     // Not what is resident: large pages and each thread's share of free memory make that a matter of luck.
     constexpr std::size_t Allowed = 60'000; // bytes, 200 to a round
     QVERIFY2(after.allocated <= before.allocated + Allowed,

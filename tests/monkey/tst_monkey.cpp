@@ -59,7 +59,7 @@ void TestMonkey::leavesTheProgramAsItShouldBe() {
     QTRY_COMPARE(widgetsLeft(), QString());
     const testing::Held after = testing::Held::now();
     QCOMPARE(after.descriptors, before.descriptors);
-    QCOMPARE(after.threads, before.threads);
+    QVERIFY(after.threads <= before.threads); // one may have been ending just then
 }
 
 OVRANO_TEST(TestMonkey)
